@@ -1,0 +1,24 @@
+# Helpers shared by every folder.
+#
+# korvane_library(NAME DIR [DEPS ...]) makes one static library from the sources of a folder.
+# Sources are globbed with CONFIGURE_DEPENDS so that adding a file needs no CMake edit.
+function(korvane_library name dir)
+  file(GLOB _src CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/*.h)
+  add_library(${name} STATIC ${_src})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ARGN})
+endfunction()
+
+# korvane_test(NAME DIR LIBS...) makes one GoogleTest executable from a test folder and
+# registers its cases with CTest. Widget tests run on the offscreen platform.
+function(korvane_test name dir)
+  find_package(GTest REQUIRED)
+  file(GLOB _src CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/*.h)
+  add_executable(${name} ${_src})
+  target_link_libraries(${name} PRIVATE ${ARGN} GTest::gtest Qt6::Test)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+  include(GoogleTest)
+  gtest_discover_tests(${name}
+    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;KORVANE_DIALOGS=print;KORVANE_BUILD_DIR=${PROJECT_BINARY_DIR}"
+    DISCOVERY_TIMEOUT 60)
+endfunction()
