@@ -1,0 +1,148 @@
+#include "kernel/EmbeddedKernel.h"
+#include "foundation/db/Database.h"
+#include "foundation/db/Recordset.h"
+#include "kernel/Application.h"
+#include "kernel/ConfigStore.h"
+#include "kernel/Files.h"
+#include "kernel/Station.h"
+#include "kernel/StationDatabases.h"
+#include "kernel/Translator.h"
+#include "kernel/Users.h"
+#include "kernelapi/KernelError.h"
+#include <QRegularExpression>
+
+namespace {
+const QString Object = QStringLiteral("CKernel");
+
+bool IsSelection(const QString& sql)
+{
+    static const QRegularExpression selection(QStringLiteral("^\\s*\\(?\\s*SELECT\\b"),
+                                              QRegularExpression::CaseInsensitiveOption);
+    return selection.match(sql).hasMatch();
+}
+
+QString VersionNumber()
+{
+    return QStringLiteral("%1.%2.%3").arg(KORVANE_VERSION_MAJOR).arg(KORVANE_VERSION_MINOR).arg(KORVANE_VERSION_PATCH);
+}
+}
+
+std::shared_ptr<EmbeddedKernel> EmbeddedKernel::Open(const StationFolder& folder, std::shared_ptr<CLogger> logger)
+{
+    KernelLog log(std::move(logger));
+    try {
+        if (!folder.IsStation())
+            throw KernelError(QStringLiteral("'%1' is not a station: station.ini is missing").arg(folder.Root()));
+        auto kernel = std::shared_ptr<EmbeddedKernel>(new EmbeddedKernel(std::make_shared<::Station>(folder), log));
+        log.Ok(Object, QStringLiteral("Open"), QStringLiteral("Station '%1' opened from %2").arg(kernel->StationID(), folder.Root()));
+        return kernel;
+    } catch (const KernelError& e) {
+        log.Error(Object, QStringLiteral("Open"), e.Description());
+        throw;
+    }
+}
+
+EmbeddedKernel::EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log)
+    : m_log(std::move(log)), m_station(std::move(station))
+{
+    StationDatabases databases = StationDatabases::Open(*m_station);
+    m_db = databases.Kernel;
+    m_shared = ConfigStore::Shared(m_db);
+    m_stationStore = ConfigStore::ForStation(m_db, m_station->ID());
+    m_translator = std::make_shared<::Translator>(m_db, m_shared, m_log);
+    m_users = std::make_shared<::Users>(databases.Users, m_translator, m_log);
+    m_application = std::make_shared<::Application>(*m_db);
+    m_files = std::make_shared<::Files>();
+}
+
+EmbeddedKernel::~EmbeddedKernel() = default;
+
+std::shared_ptr<iFiles> EmbeddedKernel::Files() { return m_files; }
+std::shared_ptr<iStation> EmbeddedKernel::Station() { return m_station; }
+std::shared_ptr<iUsers> EmbeddedKernel::Users() { return m_users; }
+std::shared_ptr<iApplication> EmbeddedKernel::Application() { return m_application; }
+std::shared_ptr<iTranslator> EmbeddedKernel::Translator() { return m_translator; }
+QString EmbeddedKernel::StationID() const { return m_station->ID(); }
+
+QVariant EmbeddedKernel::Config(const QString& key) const { return m_shared->Value(key); }
+void EmbeddedKernel::SetConfig(const QString& key, const QVariant& value) { m_shared->SetValue(key, value); }
+QVariant EmbeddedKernel::StationConfig(const QString& key) const { return m_stationStore->Value(key); }
+
+bool EmbeddedKernel::SetStationConfig(const QString& key, const QVariant& value)
+{
+    try {
+        m_stationStore->SetValue(key, value);
+        return true;
+    } catch (const KernelError& e) {
+        m_log.Error(Object, QStringLiteral("SetStationConfig"), e.Description());
+        return false;
+    }
+}
+
+void EmbeddedKernel::ConfigRecordChanged(const QVariant&)
+{
+    m_shared->Reload();
+    m_stationStore->Reload();
+    m_translator->Reload();
+}
+
+std::unique_ptr<iRecordset> EmbeddedKernel::OpenConfigTable(const QString& table, const QString& keyField)
+{
+    return OpenRecordset(QStringLiteral("OpenConfigTable"), QStringLiteral("SELECT * FROM %1 ORDER BY %2").arg(table, keyField));
+}
+
+std::unique_ptr<iRecordset> EmbeddedKernel::Execute(const QString& sql, int)
+{
+    if (IsSelection(sql))
+        return OpenRecordset(QStringLiteral("Execute"), sql);
+    try {
+        m_db->Execute(sql);
+    } catch (const KernelError& e) {
+        Fail(QStringLiteral("Execute"), sql, e.Description());
+    }
+    return nullptr;
+}
+
+std::unique_ptr<iRecordset> EmbeddedKernel::OpenRecordset(const QString& procedure, const QString& sql)
+{
+    try {
+        return m_db->OpenRecordset(sql);
+    } catch (const KernelError& e) {
+        Fail(procedure, sql, e.Description());
+    }
+}
+
+void EmbeddedKernel::Fail(const QString& procedure, const QString& sql, const QString& description)
+{
+    const QString text = QStringLiteral("%1\nSQL: %2").arg(description, sql);
+    m_log.Error(Object, procedure, text);
+    throw KernelError(text);
+}
+
+QString EmbeddedKernel::Version() const
+{
+    return QStringLiteral("Korvane kernel ") + VersionNumber();
+}
+
+void EmbeddedKernel::AutomaticLogin()
+{
+    const QString user = m_stationStore->Value(QStringLiteral("AutoLoginUser")).toString().trimmed();
+    if (!user.isEmpty())
+        m_users->LoginWithoutPassword(user);
+}
+
+// Parts of the kernel that later work provides.
+std::shared_ptr<iChannels> EmbeddedKernel::Channels() { throw NotAvailable("CKernel.Channels"); }
+std::shared_ptr<iFamilies> EmbeddedKernel::Families() { throw NotAvailable("CKernel.Families"); }
+std::shared_ptr<iCdRoms> EmbeddedKernel::CdRoms() { throw NotAvailable("CKernel.CdRoms"); }
+std::shared_ptr<iMacro> EmbeddedKernel::MacroByID(const QString&) { throw NotAvailable("CKernel.MacroByID"); }
+std::shared_ptr<iCarts> EmbeddedKernel::Carts() { throw NotAvailable("CKernel.Carts"); }
+std::shared_ptr<iPlayLists> EmbeddedKernel::PlayLists() { throw NotAvailable("CKernel.PlayLists"); }
+std::shared_ptr<iDataService> EmbeddedKernel::DataService() { throw NotAvailable("CKernel.DataService"); }
+CKernel::FilledCart EmbeddedKernel::FillCartFromText(const std::shared_ptr<iCart>&, const QString&)
+{
+    throw NotAvailable("CKernel.FillCartFromText");
+}
+void EmbeddedKernel::Import() { throw NotAvailable("CKernel.Import"); }
+void EmbeddedKernel::Refresh() { throw NotAvailable("CKernel.Refresh"); }
+void EmbeddedKernel::Shout(const QString&) { throw NotAvailable("CKernel.Shout"); }

@@ -1,0 +1,69 @@
+#pragma once
+#include "kernel/KernelLog.h"
+#include "kernel/StationFolder.h"
+#include "kernelapi/CKernel.h"
+
+class Application;
+class ConfigStore;
+class Database;
+class Files;
+class Station;
+class Translator;
+class Users;
+
+// The kernel root running inside the workstation's process, over one station folder.
+class EmbeddedKernel : public CKernel
+{
+    Q_OBJECT
+public:
+    // Opens the station. Throws KernelError when the folder is not a station or one of its
+    // databases cannot be used.
+    static std::shared_ptr<EmbeddedKernel> Open(const StationFolder& folder, std::shared_ptr<CLogger> logger);
+    ~EmbeddedKernel() override;
+
+    std::shared_ptr<iFiles> Files() override;
+    std::shared_ptr<iChannels> Channels() override;
+    std::shared_ptr<iStation> Station() override;
+    std::shared_ptr<iFamilies> Families() override;
+    std::shared_ptr<iUsers> Users() override;
+    std::shared_ptr<iCdRoms> CdRoms() override;
+    std::shared_ptr<iApplication> Application() override;
+    std::shared_ptr<iMacro> MacroByID(const QString& macroID) override;
+    QString StationID() const override;
+    std::shared_ptr<iTranslator> Translator() override;
+
+    QVariant Config(const QString& key) const override;
+    void SetConfig(const QString& key, const QVariant& value) override;
+    QVariant StationConfig(const QString& key) const override;
+    bool SetStationConfig(const QString& key, const QVariant& value) override;
+
+    void ConfigRecordChanged(const QVariant& recordData) override;
+    std::unique_ptr<iRecordset> OpenConfigTable(const QString& table, const QString& keyField) override;
+    std::unique_ptr<iRecordset> Execute(const QString& sql, int options = 0) override;
+
+    QString Version() const override;
+    void AutomaticLogin() override;
+
+    std::shared_ptr<iCarts> Carts() override;
+    std::shared_ptr<iPlayLists> PlayLists() override;
+    std::shared_ptr<iDataService> DataService() override;
+    FilledCart FillCartFromText(const std::shared_ptr<iCart>& cart, const QString& text) override;
+    void Import() override;
+    void Refresh() override;
+    void Shout(const QString& text) override;
+
+private:
+    EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log);
+    std::unique_ptr<iRecordset> OpenRecordset(const QString& procedure, const QString& sql);
+    [[noreturn]] void Fail(const QString& procedure, const QString& sql, const QString& description);
+
+    KernelLog m_log;
+    std::shared_ptr<::Station> m_station;
+    std::shared_ptr<Database> m_db;
+    std::shared_ptr<ConfigStore> m_shared;
+    std::shared_ptr<ConfigStore> m_stationStore;
+    std::shared_ptr<::Translator> m_translator;
+    std::shared_ptr<::Users> m_users;
+    std::shared_ptr<::Application> m_application;
+    std::shared_ptr<::Files> m_files;
+};

@@ -1,0 +1,55 @@
+#include "kernel/StationDatabases.h"
+#include "foundation/db/Database.h"
+#include "kernel/Station.h"
+#include "kernelapi/KernelError.h"
+#include <QFileInfo>
+#include <QStringList>
+
+StationDatabases StationDatabases::Open(const Station& station)
+{
+    const QString location = station.DatabasePath();
+    StationDatabases databases;
+    if (station.OnServer()) {
+        databases.Kernel = Database::Open(location);
+        databases.Users = Database::Open(location);
+    } else {
+        databases = OpenFiles(location);
+    }
+    RequireTables(*databases.Kernel,
+                  {QStringLiteral("Config"), QStringLiteral("StationConfig"), QStringLiteral("Contents"),
+                   QStringLiteral("Application")});
+    RequireTables(*databases.Users, {QStringLiteral("Usuari")});
+    return databases;
+}
+
+StationDatabases StationDatabases::OpenFiles(const QString& folder)
+{
+    const QString sound = folder + QLatin1String(SoundFile);
+    const QString user = folder + QLatin1String(UserFile);
+    StationDatabases databases;
+    databases.Kernel = OpenFile(folder + QLatin1String(KernelFile));
+    databases.Users = OpenFile(user);
+    OpenFile(sound); // refuses a damaged file by name before it is attached
+    databases.Kernel->Attach(sound, QStringLiteral("Sound"));
+    databases.Kernel->Attach(user, QStringLiteral("User"));
+    return databases;
+}
+
+std::shared_ptr<Database> StationDatabases::OpenFile(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        throw KernelError(QStringLiteral("'%1' is missing").arg(path));
+    try {
+        return Database::Open(path);
+    } catch (const KernelError& e) {
+        throw KernelError(QStringLiteral("'%1' is not a database: %2").arg(path, e.Description()));
+    }
+}
+
+void StationDatabases::RequireTables(Database& db, const QStringList& tables)
+{
+    for (const QString& table : tables) {
+        if (!db.HasTable(table))
+            throw KernelError(QStringLiteral("'%1' has no table %2").arg(db.Location(), table));
+    }
+}
