@@ -1,0 +1,19 @@
+#include "foundation/ui/Dialogs.h"
+#include "shell/Registry.h"
+#include "shell/Theme.h"
+#include "shell/modMain.h"
+#include <QApplication>
+
+// The workstation reads no command line of its own: the station comes from KORVANE_STATION.
+int main(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Korvane"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    Theme::Apply(app);
+    Dialogs::InstallFromEnvironment();
+    Registry::RegisterShell();
+    if (!modMain::Main())
+        return modMain::EndedWith() < 0 ? 1 : modMain::EndedWith();
+    return QApplication::exec();
+}

@@ -1,0 +1,10 @@
+#include "foundation/Yield.h"
+#include <QCoreApplication>
+
+void Yield()
+{
+    try {
+        QCoreApplication::processEvents();
+    } catch (...) {
+    }
+}

@@ -1,0 +1,65 @@
+#include "shell/Form.h"
+#include <QCloseEvent>
+
+namespace {
+QList<QPointer<Form>>& Registry()
+{
+    static QList<QPointer<Form>> forms;
+    return forms;
+}
+}
+
+Form::Form(const QString& name, QWidget* parent)
+    : QWidget(parent, Qt::Window)
+{
+    setObjectName(name);
+    setAttribute(Qt::WA_DeleteOnClose);
+    Registry().append(this);
+}
+
+Form::~Form()
+{
+    Registry().removeAll(this);
+    Registry().removeAll(nullptr);
+}
+
+void Form::Unload()
+{
+    close();
+}
+
+QList<Form*> Form::OpenForms()
+{
+    QList<Form*> forms;
+    for (const auto& form : Registry())
+        if (form)
+            forms.append(form);
+    return forms;
+}
+
+Form* Form::Find(const QString& name)
+{
+    for (Form* form : OpenForms())
+        if (form->objectName() == name)
+            return form;
+    return nullptr;
+}
+
+void Form::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!m_loaded) {
+        m_loaded = true;
+        Form_Load();
+    }
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    if (!Form_QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    Form_Unload();
+}

@@ -1,0 +1,41 @@
+#include "shell/modInterface.h"
+#include "foundation/ErrorGuard.h"
+#include "foundation/Log.h"
+#include "foundation/ui/Dialogs.h"
+#include "shell/CInterface.h"
+#include <memory>
+
+namespace modInterface {
+namespace {
+std::unique_ptr<CInterface> g_interface;
+int g_started = 0;
+}
+
+CInterface* Interface() { return g_interface.get(); }
+int InterfaceStarted() { return g_started; }
+
+bool StartInterface()
+{
+    return GuardedWith(QStringLiteral("StartInterface"), [](Step&) {
+        auto created = std::make_unique<CInterface>();
+        g_interface = std::move(created);
+        LogOk(QStringLiteral("modInterface"), QStringLiteral("StartInterface"),
+              QStringLiteral("Interface version = ") + CInterface::Version());
+        g_started = 1;
+    }, [](const QString&, const QString&) {
+        Dialogs::MessageBox(QStringLiteral("Korvane_Interface.modInterface.StartInterface().Profiles"));
+    });
+}
+
+void StopInterface()
+{
+    g_started = 0;
+    GuardedWith(QStringLiteral("StopInterface"), [](Step&) {
+        if (g_interface)
+            g_interface->CleanUp();
+        g_interface.reset();
+    }, [](const QString&, const QString&) {
+        Dialogs::MessageBox(QStringLiteral("Korvane_Interface.modInterface.StopInterface()"));
+    });
+}
+}
