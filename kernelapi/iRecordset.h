@@ -18,8 +18,8 @@ public:
     virtual void MoveLast() = 0;
     virtual void MoveNext() = 0;
     virtual void MovePrevious() = 0;
-    virtual bool BOF() const = 0;
-    virtual bool EOF() const = 0;
+    virtual bool IsBOF() const = 0; // before the first row (EOF and BOF are C macros)
+    virtual bool IsEOF() const = 0; // after the last row
     virtual int RecordCount() const = 0;
 
     // Search by a criteria text such as "ID = 'ABC0001'"; NoMatch tells the result.

@@ -20,8 +20,8 @@ public:
     void MoveLast() override;
     void MoveNext() override;
     void MovePrevious() override;
-    bool BOF() const override;
-    bool EOF() const override;
+    bool IsBOF() const override;
+    bool IsEOF() const override;
     int RecordCount() const override;
 
     void FindFirst(const QString& criteria) override;
