@@ -1,0 +1,38 @@
+#pragma once
+#include "kernel/StationFolder.h"
+#include "tools/StationOptions.h"
+#include "tools/StationReport.h"
+#include <QStringList>
+#include <memory>
+
+class Database;
+
+// Creates a working demo station in a folder: station.ini, kernel.ini, data/ with the three
+// databases, sound/ with generated audio, log/ and export/. A folder that already holds a
+// station (station.ini or data/) is refused before anything is touched; a creation that fails
+// half way removes again what it made.
+class StationBuilder
+{
+public:
+    explicit StationBuilder(const StationOptions& options);
+
+    // Throws KernelError with a readable description when the station cannot be made.
+    StationReport Create();
+
+    // Refuses any catalogue location but the default SQLite files.
+    static void CheckDatabase(const QString& location);
+    // Where the exports of the demo station go.
+    static QString ExportDir(const StationFolder& folder);
+
+private:
+    void RefuseExistingStation() const;
+    void NoteMissingEntries();
+    void MakeFolders() const;
+    void WriteDatabases(StationReport& report) const;
+    std::unique_ptr<Database> CreateDatabase(const char* file) const;
+    void RemoveCreated() const;
+
+    StationOptions m_options;
+    StationFolder m_folder;
+    QStringList m_created; // entries that did not exist before, removed again on failure
+};

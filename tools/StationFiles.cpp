@@ -1,0 +1,72 @@
+#include "tools/StationFiles.h"
+#include "kernel/StationFolder.h"
+#include "kernelapi/KernelError.h"
+#include <QSaveFile>
+
+const QString StationFiles::StationID = QStringLiteral("KORVANE-DEMO");
+const QString StationFiles::StationName = QStringLiteral("Korvane Demo Station");
+
+void StationFiles::Write(const StationFolder& folder)
+{
+    WriteText(folder.StationIni(), StationIniText());
+    WriteText(folder.KernelIni(), KernelIniText());
+}
+
+QString StationFiles::StationIniText()
+{
+    return QStringLiteral(
+               "; Korvane station: identity, working resolution and the menu.\n"
+               "[Station]\n"
+               "ID=%1\n"
+               "Name=%2\n"
+               "\n"
+               "[Resolution]\n"
+               "X=1280\n"
+               "Y=800\n"
+               "\n"
+               "; Entries are numbered row by row; Action is OpenForm, Logout, Exit or Dummy.\n"
+               "[Menu]\n"
+               "Rows=2\n"
+               "Columns=2\n"
+               "\n"
+               "[Menu_1]\n"
+               "Action=OpenForm\n"
+               "Form=PasswordForm\n"
+               "Caption=Login\n"
+               "\n"
+               "[Menu_2]\n"
+               "Action=OpenForm\n"
+               "Form=ConfigForm\n"
+               "Caption=Configuration\n"
+               "\n"
+               "[Menu_3]\n"
+               "Action=Logout\n"
+               "Caption=Logout\n"
+               "\n"
+               "[Menu_4]\n"
+               "Action=Exit\n"
+               "Caption=Exit\n")
+        .arg(StationID, StationName);
+}
+
+QString StationFiles::KernelIniText()
+{
+    return QStringLiteral(
+        "; Korvane kernel settings.\n"
+        "[Data]\n"
+        "; Folder of Sound.MDB, User.MDB and Kernel.MDB, relative to the station or absolute,\n"
+        "; or a postgresql:// URI. Empty means the station's data/ folder.\n"
+        "Path=\n"
+        "\n"
+        "[Audio]\n"
+        "; Audio devices, channels and streams. With nothing configured the channels A and B\n"
+        "; (three streams each) and Rec run on the Null device, which keeps real time with no\n"
+        "; hardware.\n");
+}
+
+void StationFiles::WriteText(const QString& path, const QString& text)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) || file.write(text.toUtf8()) < 0 || !file.commit())
+        throw KernelError(QStringLiteral("Cannot write '%1': %2").arg(path, file.errorString()));
+}

@@ -1,0 +1,18 @@
+#pragma once
+#include <QString>
+
+// How long the generated demo sounds are: Full makes real programme material (3 to 30 seconds
+// each); Short makes the same distinct sounds a few hundred milliseconds long, for fixtures
+// that create many stations.
+enum class SoundLength { Full, Short };
+
+// What `korvane-station create` is asked to make.
+struct StationOptions
+{
+    QString dir;
+    // Further sound carts for benchmarks, in families of 10,000.
+    int carts = 0;
+    // Where the catalogue lives; empty means SQLite files in <station>/data/.
+    QString database;
+    SoundLength soundLength = SoundLength::Full;
+};
