@@ -1,0 +1,11 @@
+#pragma once
+
+// The present levels of a channel or a stream, in dB against the station's work-level
+// reference; -110 means no signal. While valid is false the engine has nothing measured to
+// give (the channel is stopped or has not delivered a buffer yet) and the levels are silence.
+struct AudioLevels
+{
+    float left = -110.0f;
+    float right = -110.0f;
+    bool valid = false;
+};
