@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test: unit, widget, end-to-end, and a
+# bounded fuzzing run of the parsers. ./test.sh --sanitize builds with ASan + UBSan.
+set -euo pipefail
+cd "$(dirname "$0")"
+source scripts/common.sh
+ensure_packages
+
+build=build/debug
+cmake_args=()
+if [ "${1:-}" = "--sanitize" ]; then
+  build=build/sanitize
+  cmake_args=(-DKORVANE_SANITIZE=ON)
+  export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1
+  export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+fi
+
+configure_and_build "$build" Debug "${cmake_args[@]}" --
+ctest --test-dir "$build" --output-on-failure -j"$(nproc)" --timeout 300
+
+# Fuzz the parsers of outside text for a bounded time, from the corpus kept in the repo.
+if [ "${KORVANE_FUZZ_SECONDS:-20}" -gt 0 ] && command -v clang++ >/dev/null; then
+  CC=clang CXX=clang++ configure_and_build build/fuzz Debug -DKORVANE_FUZZ=ON -DBUILD_TESTING=OFF --
+  for fuzzer in build/fuzz/tests/fuzz/fuzz_*; do
+    [ -x "$fuzzer" ] || continue
+    name=$(basename "$fuzzer"); name=${name#fuzz_}
+    scratch=$(mktemp -d)
+    "$fuzzer" -max_total_time="${KORVANE_FUZZ_SECONDS:-20}" -timeout=5 "$scratch" "tests/fuzz/corpus/$name" >"build/fuzz/$name.log" 2>&1 \
+      || { tail -40 "build/fuzz/$name.log"; rm -rf "$scratch"; echo "fuzz_$name found a fault"; exit 1; }
+    rm -rf "$scratch"
+    echo "fuzz_$name: clean for ${KORVANE_FUZZ_SECONDS:-20} s"
+  done
+fi
