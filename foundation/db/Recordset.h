@@ -5,11 +5,19 @@
 
 class Database;
 
-// Dynaset over a table or the rows of an SQL text. Rows are fetched when first needed and
-// again after Requery, so that a requery of a large table costs nothing until it is read.
-// Writes go back to the base table by the row's identity (SQLite rowid, PostgreSQL ctid);
-// an SQL text over several tables opens read-only. Text fields are written trimmed and cut to
-// their declared size; Null text reads as empty through Text().
+// Dynaset over a table or the rows of an SQL text (catalogue dialect). A table opens in the
+// order of its primary key. Rows are fetched when the recordset opens and, after Requery,
+// again on the next read, only when the store reports a change since the last fetch; so a
+// requery of a large table costs nothing until it is read. They are kept packed (RowStore).
+//
+// Writes go back to the base table by the row's identity (SQLite rowid, PostgreSQL ctid):
+// a select of one table without DISTINCT, TOP, join, grouping or aggregate is updatable;
+// anything else, and a view, is read-only and a write throws KernelError.
+// Text fields are written trimmed and cut to their declared size; Null text reads as empty
+// through Text(). Update after AddNew appends the new row and makes it current; Update after
+// Edit writes only the fields that were set. Moving, Requery and a new AddNew or Edit drop
+// a pending change. After Delete there is no current row until the next move (MoveNext goes
+// to the row that followed the deleted one). The Database must outlive its recordsets.
 class Recordset : public iRecordset
 {
 public:
@@ -51,6 +59,10 @@ public:
 
     using iRecordset::Text;
     bool Updatable() const;
+    // The SELECT this recordset reads, in catalogue dialect.
+    QString Source() const;
+    // Bytes held for the rows.
+    size_t MemoryBytes() const;
 
 private:
     struct Impl;

@@ -1,0 +1,606 @@
+#include "foundation/db/Recordset.h"
+#include "foundation/db/Database.h"
+#include "foundation/db/RowStore.h"
+#include "foundation/db/SqlDialect.h"
+#include "foundation/db/SqlShape.h"
+#include "foundation/db/SqlTokenizer.h"
+#include "foundation/db/TableInfo.h"
+#include "kernelapi/KernelError.h"
+#include <QDateTime>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSqlField>
+#include <QSqlRecord>
+#include <optional>
+
+namespace {
+enum class EditMode { None, Add, Edit };
+
+const QString NoCurrentRecord = QStringLiteral("No current record.");
+const QString RecordDeleted = QStringLiteral("Record is deleted.");
+const QString NoEditInProgress = QStringLiteral("Update or CancelUpdate without AddNew or Edit.");
+
+// The table named by a text that is one word or one [bracketed] name; empty for an SQL text.
+QString TableNameOf(const QString& tableOrSql)
+{
+    const std::vector<SqlToken> tokens = SqlTokenizer::Tokenize(tableOrSql);
+    const size_t first = SqlTokenizer::NextSignificant(tokens, 0);
+    if (first >= tokens.size() || SqlTokenizer::NextSignificant(tokens, first + 1) != tokens.size())
+        return {};
+    const SqlToken& token = tokens[first];
+    const bool name = token.kind == SqlToken::Kind::Name
+                      || (token.kind == SqlToken::Kind::Word && !token.IsWord(u"select"));
+    return name ? token.value : QString();
+}
+
+QString Bracketed(const QString& name)
+{
+    return u'[' + name + u']';
+}
+
+// A whole table in the order of its primary key.
+QString TableSelect(const TableInfo& table)
+{
+    QString sql = QStringLiteral("SELECT * FROM ") + Bracketed(table.name);
+    QStringList key;
+    for (const QString& field : table.primaryKey)
+        key << Bracketed(field);
+    if (!key.isEmpty())
+        sql += QStringLiteral(" ORDER BY ") + key.join(QStringLiteral(", "));
+    return sql;
+}
+
+iRecordset::FieldType KindOfValueType(QMetaType type)
+{
+    using Type = iRecordset::FieldType;
+    switch (type.id()) {
+    case QMetaType::QString:
+        return Type::Text;
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::UInt:
+    case QMetaType::ULongLong:
+        return Type::Integer;
+    case QMetaType::Double:
+        return Type::Real;
+    case QMetaType::Bool:
+        return Type::Boolean;
+    case QMetaType::QDateTime:
+    case QMetaType::QDate:
+        return Type::DateTime;
+    default:
+        return Type::Other;
+    }
+}
+
+// A stored value as its field's kind presents it.
+QVariant Presented(const QVariant& value, iRecordset::FieldType kind)
+{
+    using Type = iRecordset::FieldType;
+    if (value.isNull())
+        return value;
+    switch (kind) {
+    case Type::Text:
+        return value.toString();
+    case Type::Boolean:
+        return value.toBool();
+    case Type::Integer: {
+        const qlonglong number = value.toLongLong();
+        return number == qlonglong(int(number)) ? QVariant(int(number)) : QVariant(number);
+    }
+    case Type::DateTime: {
+        const QString text = value.toString();
+        QDateTime date = QDateTime::fromString(text, Qt::ISODateWithMs);
+        if (!date.isValid())
+            date = QDateTime::fromString(text, QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+        return date.isValid() ? QVariant(date) : value;
+    }
+    default:
+        return value;
+    }
+}
+
+// The write rule: text is trimmed and cut to the declared size.
+QVariant Written(const QVariant& value, const FieldInfo& field)
+{
+    if (value.isNull() || field.kind != iRecordset::FieldType::Text)
+        return value;
+    const QString text = value.toString().trimmed();
+    return field.size > 0 ? text.left(field.size) : text;
+}
+}
+
+struct Recordset::Impl
+{
+    Database& db;
+    QString sql;        // the select in catalogue dialect
+    SqlShape shape;
+    QString baseTable;  // the table written to; empty when read-only
+    QString nativeSql;  // engine SQL; column 0 is the row identity when updatable
+    QVector<FieldInfo> fields;
+    int offset = 0;     // the column of field 0 in a stored row
+    RowStore rows;
+    int pos = 0;
+    bool stale = false;
+    QString stamp;
+    quint64 generation = 0; // changes whenever the rows change
+    bool noMatch = false;
+    bool onDeleted = false;
+    QString filter;
+    EditMode mode = EditMode::None;
+    QVariantList buffer;
+    QVector<bool> changed;
+    int cachedRow = -1;
+    QVariantList cached;
+    QString findCriteria;
+    quint64 findGeneration = 0;
+    std::vector<QByteArray> findKeys;
+    QSet<QByteArrayView> findSet;
+
+    Impl(Database& database, const QString& tableOrSql);
+
+    QString NativeSelect(const QString& catalogueSql) const;
+    void DescribeFields(const QSqlRecord& record, const TableInfo* table);
+    void Fetch();
+    void ReadAll(QSqlQuery& query);
+    void EnsureFresh();
+    void Changed();
+    void LeaveRow();
+    const QVariantList& CurrentRow();
+    int CheckedIndex(int index) const;
+    void RequireUpdatable() const;
+    QString Quoted(const QString& name) const { return db.Dialect().QuoteIdentifier(name); }
+    QVariantList RowFrom(const QSqlQuery& query) const;
+    std::optional<QVariantList> ReadRow(const QVariant& identity);
+    void StoreWritten(int row, const QVariant& identity, bool append);
+    void Insert();
+    void UpdateCurrent();
+    QByteArrayView KeyOf(int row) const;
+    void PrepareFind(const QString& criteria);
+    void Find(const QString& criteria, int from);
+};
+
+Recordset::Impl::Impl(Database& database, const QString& tableOrSql) : db(database)
+{
+    const QString table = TableNameOf(tableOrSql);
+    std::optional<TableInfo> info;
+    if (!table.isEmpty()) {
+        info = db.Table(table);
+        sql = TableSelect(*info);
+    } else {
+        sql = tableOrSql;
+    }
+    shape = SqlShape::Of(sql);
+    if (!shape.IsSelect())
+        throw KernelError(QStringLiteral("A recordset needs a table name or a SELECT: %1").arg(tableOrSql));
+    if (!info && !shape.Table().isEmpty() && db.HasTable(shape.Table()))
+        info = db.Table(shape.Table());
+    if (info && shape.Updatable() && !info->view)
+        baseTable = shape.Table();
+    offset = baseTable.isEmpty() ? 0 : 1;
+    nativeSql = NativeSelect(sql);
+    stamp = db.ChangeStamp();
+    QSqlQuery query = db.QueryNative(nativeSql);
+    DescribeFields(query.record(), info ? &*info : nullptr);
+    ReadAll(query);
+}
+
+// The engine's SQL of a select, with the row identity as its first column when updatable.
+QString Recordset::Impl::NativeSelect(const QString& catalogueSql) const
+{
+    const QString translated = db.Dialect().Translate(catalogueSql);
+    if (baseTable.isEmpty())
+        return translated;
+    static const QRegularExpression select(QStringLiteral(R"(^\s*select\b)"), QRegularExpression::CaseInsensitiveOption);
+    QString withIdentity = translated;
+    return withIdentity.replace(select, QStringLiteral("SELECT %1 AS korvane_rowid,").arg(db.Dialect().RowIdentity()));
+}
+
+void Recordset::Impl::DescribeFields(const QSqlRecord& record, const TableInfo* table)
+{
+    for (int i = offset; i < record.count(); ++i) {
+        const QSqlField field = record.field(i);
+        const int declared = table ? table->IndexOf(field.name()) : -1;
+        fields << (declared >= 0 ? table->fields[declared] : FieldInfo{field.name(), KindOfValueType(field.metaType()), 0});
+        fields.back().name = field.name();
+    }
+}
+
+void Recordset::Impl::Fetch()
+{
+    QSqlQuery query = db.QueryNative(nativeSql);
+    ReadAll(query);
+}
+
+void Recordset::Impl::ReadAll(QSqlQuery& query)
+{
+    rows.Clear();
+    const int columns = int(fields.size()) + offset;
+    while (query.next())
+        rows.AppendFrom(query, columns);
+    Changed();
+}
+
+// Reads the rows again when the store changed since the last fetch (or cannot tell).
+void Recordset::Impl::EnsureFresh()
+{
+    if (!stale)
+        return;
+    stale = false;
+    const QString now = db.ChangeStamp();
+    if (now.isEmpty() || now != stamp) {
+        stamp = now;
+        Fetch();
+    }
+}
+
+void Recordset::Impl::Changed()
+{
+    ++generation;
+    cachedRow = -1;
+}
+
+void Recordset::Impl::LeaveRow()
+{
+    mode = EditMode::None;
+    onDeleted = false;
+}
+
+const QVariantList& Recordset::Impl::CurrentRow()
+{
+    EnsureFresh();
+    if (onDeleted)
+        throw KernelError(RecordDeleted);
+    if (pos < 0 || pos >= rows.Count())
+        throw KernelError(NoCurrentRecord);
+    if (cachedRow != pos) {
+        cached = rows.Row(pos);
+        cachedRow = pos;
+    }
+    return cached;
+}
+
+int Recordset::Impl::CheckedIndex(int index) const
+{
+    if (index < 0 || index >= fields.size())
+        throw KernelError(QStringLiteral("Item %1 not found in this collection.").arg(index));
+    return index;
+}
+
+void Recordset::Impl::RequireUpdatable() const
+{
+    if (baseTable.isEmpty())
+        throw KernelError(QStringLiteral("Cannot update: the recordset is read-only (%1)").arg(sql));
+}
+
+QVariantList Recordset::Impl::RowFrom(const QSqlQuery& query) const
+{
+    QVariantList values;
+    for (int i = 0; i < fields.size() + offset; ++i)
+        values << query.value(i);
+    return values;
+}
+
+// The stored form of one row of the base table as this recordset selects it.
+std::optional<QVariantList> Recordset::Impl::ReadRow(const QVariant& identity)
+{
+    const QString select = NativeSelect(shape.Projection()) + QStringLiteral(" WHERE ") + db.Dialect().IdentityMatch();
+    QSqlQuery query = db.QueryNative(select, {identity});
+    if (!query.next())
+        return std::nullopt;
+    return RowFrom(query);
+}
+
+// Keeps a written row as the store now holds it (or as written, when it no longer matches).
+void Recordset::Impl::StoreWritten(int row, const QVariant& identity, bool append)
+{
+    QVariantList values = ReadRow(identity).value_or(QVariantList{identity} + buffer);
+    if (append)
+        rows.Append(values);
+    else
+        rows.Replace(row, values);
+    Changed();
+}
+
+void Recordset::Impl::Insert()
+{
+    QStringList names, marks;
+    QVariantList values;
+    for (int i = 0; i < fields.size(); ++i) {
+        if (!changed[i])
+            continue;
+        names << Quoted(fields[i].name);
+        marks << QStringLiteral("?");
+        values << buffer[i];
+    }
+    const QString columns = names.isEmpty() ? QStringLiteral("DEFAULT VALUES")
+                                            : QStringLiteral("(%1) VALUES (%2)").arg(names.join(u','), marks.join(u','));
+    QSqlQuery query = db.QueryNative(QStringLiteral("INSERT INTO %1 %2 RETURNING %3")
+                                         .arg(Quoted(baseTable), columns, db.Dialect().RowIdentity()),
+                                     values);
+    if (!query.next())
+        throw KernelError(QStringLiteral("The new row of %1 was not stored").arg(baseTable));
+    StoreWritten(0, query.value(0), true);
+    pos = rows.Count() - 1;
+}
+
+void Recordset::Impl::UpdateCurrent()
+{
+    QStringList assignments;
+    QVariantList values;
+    for (int i = 0; i < fields.size(); ++i) {
+        if (!changed[i])
+            continue;
+        assignments << Quoted(fields[i].name) + QStringLiteral(" = ?");
+        values << buffer[i];
+    }
+    if (assignments.isEmpty())
+        return;
+    values << CurrentRow().first();
+    QSqlQuery query = db.QueryNative(QStringLiteral("UPDATE %1 SET %2 WHERE %3 RETURNING %4")
+                                         .arg(Quoted(baseTable), assignments.join(QStringLiteral(", ")),
+                                              db.Dialect().IdentityMatch(), db.Dialect().RowIdentity()),
+                                     values);
+    if (!query.next())
+        throw KernelError(QStringLiteral("The row of %1 was deleted by another user; requery.").arg(baseTable));
+    StoreWritten(pos, query.value(0), false);
+}
+
+// What identifies a row when searching: its identity, or all its values when read-only.
+QByteArrayView Recordset::Impl::KeyOf(int row) const
+{
+    return offset ? rows.CellBytes(row, 0) : rows.Bytes(row);
+}
+
+// The keys of the rows that meet the criteria, kept while the criteria and the rows stay.
+void Recordset::Impl::PrepareFind(const QString& criteria)
+{
+    if (criteria == findCriteria && generation == findGeneration && !findKeys.empty())
+        return;
+    findSet.clear();
+    findKeys.clear();
+    QSqlQuery query = db.QueryNative(NativeSelect(shape.WithCondition(criteria)));
+    while (query.next())
+        findKeys.push_back(RowStore::Encode(offset ? QVariantList{query.value(0)} : RowFrom(query)));
+    for (const QByteArray& key : findKeys)
+        findSet.insert(QByteArrayView(key));
+    findCriteria = criteria;
+    findGeneration = generation;
+}
+
+void Recordset::Impl::Find(const QString& criteria, int from)
+{
+    PrepareFind(criteria);
+    noMatch = true;
+    for (int row = std::max(from, 0); !findSet.isEmpty() && row < rows.Count(); ++row) {
+        if (findSet.contains(KeyOf(row))) {
+            pos = row;
+            noMatch = false;
+            return;
+        }
+    }
+}
+
+Recordset::Recordset(Database& db, const QString& tableOrSql) : d(std::make_unique<Impl>(db, tableOrSql)) {}
+
+Recordset::~Recordset() = default;
+
+void Recordset::MoveFirst()
+{
+    d->EnsureFresh();
+    d->LeaveRow();
+    d->pos = 0;
+}
+
+void Recordset::MoveLast()
+{
+    d->EnsureFresh();
+    d->LeaveRow();
+    d->pos = d->rows.Count() - 1;
+}
+
+void Recordset::MoveNext()
+{
+    d->EnsureFresh();
+    const bool deleted = d->onDeleted;
+    if (!deleted && d->pos >= d->rows.Count())
+        throw KernelError(NoCurrentRecord);
+    d->LeaveRow();
+    if (!deleted)
+        ++d->pos;
+}
+
+void Recordset::MovePrevious()
+{
+    d->EnsureFresh();
+    if (!d->onDeleted && (d->pos < 0 || d->rows.Count() == 0))
+        throw KernelError(NoCurrentRecord);
+    d->LeaveRow();
+    --d->pos;
+}
+
+bool Recordset::IsBOF() const
+{
+    d->EnsureFresh();
+    return d->rows.Count() == 0 || d->pos < 0;
+}
+
+bool Recordset::IsEOF() const
+{
+    d->EnsureFresh();
+    return d->rows.Count() == 0 || d->pos >= d->rows.Count();
+}
+
+int Recordset::RecordCount() const
+{
+    d->EnsureFresh();
+    return d->rows.Count();
+}
+
+void Recordset::FindFirst(const QString& criteria)
+{
+    d->EnsureFresh();
+    d->LeaveRow();
+    d->Find(criteria, 0);
+}
+
+void Recordset::FindNext(const QString& criteria)
+{
+    d->EnsureFresh();
+    const int from = d->onDeleted ? d->pos : d->pos + 1;
+    d->LeaveRow();
+    d->Find(criteria, from);
+}
+
+bool Recordset::NoMatch() const
+{
+    return d->noMatch;
+}
+
+void Recordset::SetFilter(const QString& criteria)
+{
+    d->filter = criteria;
+}
+
+QString Recordset::Filter() const
+{
+    return d->filter;
+}
+
+std::unique_ptr<iRecordset> Recordset::OpenRecordset() const
+{
+    return std::make_unique<Recordset>(d->db, d->filter.isEmpty() ? d->sql : d->shape.WithCondition(d->filter));
+}
+
+void Recordset::AddNew()
+{
+    d->RequireUpdatable();
+    d->EnsureFresh();
+    d->LeaveRow();
+    d->buffer = QVariantList(d->fields.size());
+    d->changed = QVector<bool>(d->fields.size(), false);
+    d->mode = EditMode::Add;
+}
+
+void Recordset::Edit()
+{
+    d->RequireUpdatable();
+    const QVariantList& row = d->CurrentRow();
+    d->buffer = row.mid(d->offset);
+    d->changed = QVector<bool>(d->fields.size(), false);
+    d->mode = EditMode::Edit;
+}
+
+void Recordset::Update()
+{
+    if (d->mode == EditMode::None)
+        throw KernelError(NoEditInProgress);
+    if (d->mode == EditMode::Add)
+        d->Insert();
+    else
+        d->UpdateCurrent();
+    d->mode = EditMode::None;
+}
+
+void Recordset::CancelUpdate()
+{
+    if (d->mode == EditMode::None)
+        throw KernelError(NoEditInProgress);
+    d->mode = EditMode::None;
+}
+
+void Recordset::Delete()
+{
+    d->RequireUpdatable();
+    const QVariant identity = d->CurrentRow().first();
+    d->db.QueryNative(QStringLiteral("DELETE FROM %1 WHERE %2").arg(d->Quoted(d->baseTable), d->db.Dialect().IdentityMatch()),
+                      {identity});
+    d->rows.Remove(d->pos);
+    d->Changed();
+    d->LeaveRow();
+    d->onDeleted = true;
+}
+
+void Recordset::Requery()
+{
+    d->LeaveRow();
+    d->stale = true;
+    d->pos = 0;
+    d->cachedRow = -1;
+}
+
+int Recordset::FieldCount() const
+{
+    return int(d->fields.size());
+}
+
+QString Recordset::FieldName(int index) const
+{
+    return d->fields[d->CheckedIndex(index)].name;
+}
+
+int Recordset::FieldSize(int index) const
+{
+    return d->fields[d->CheckedIndex(index)].size;
+}
+
+iRecordset::FieldType Recordset::FieldKind(int index) const
+{
+    return d->fields[d->CheckedIndex(index)].kind;
+}
+
+int Recordset::FieldIndex(const QString& name) const
+{
+    for (int i = 0; i < d->fields.size(); ++i) {
+        if (d->fields[i].name.compare(name, Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return -1;
+}
+
+QVariant Recordset::Value(const QString& name) const
+{
+    const int index = FieldIndex(name);
+    if (index < 0)
+        throw KernelError(QStringLiteral("Item '%1' not found in this collection.").arg(name));
+    return Value(index);
+}
+
+QVariant Recordset::Value(int index) const
+{
+    d->CheckedIndex(index);
+    const QVariant& stored = d->mode != EditMode::None ? d->buffer[index] : d->CurrentRow()[index + d->offset];
+    return Presented(stored, d->fields[index].kind);
+}
+
+void Recordset::SetValue(const QString& name, const QVariant& value)
+{
+    const int index = FieldIndex(name);
+    if (index < 0)
+        throw KernelError(QStringLiteral("Item '%1' not found in this collection.").arg(name));
+    SetValue(index, value);
+}
+
+void Recordset::SetValue(int index, const QVariant& value)
+{
+    d->CheckedIndex(index);
+    if (d->mode == EditMode::None)
+        throw KernelError(NoEditInProgress);
+    d->buffer[index] = Written(value, d->fields[index]);
+    d->changed[index] = true;
+}
+
+bool Recordset::Updatable() const
+{
+    return !d->baseTable.isEmpty();
+}
+
+QString Recordset::Source() const
+{
+    return d->sql;
+}
+
+size_t Recordset::MemoryBytes() const
+{
+    return d->rows.MemoryBytes();
+}
