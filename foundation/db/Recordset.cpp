@@ -121,8 +121,9 @@ struct Recordset::Impl
     int offset = 0;     // the column of field 0 in a stored row
     RowStore rows;
     int pos = 0;
-    bool stale = false;
-    QString stamp;
+    bool fetched = false; // rows are read on first use
+    bool stale = true;
+    QString stamp;        // the store's change stamp when the rows were read
     quint64 generation = 0; // changes whenever the rows change
     bool noMatch = false;
     bool onDeleted = false;
@@ -130,8 +131,6 @@ struct Recordset::Impl
     EditMode mode = EditMode::None;
     QVariantList buffer;
     QVector<bool> changed;
-    int cachedRow = -1;
-    QVariantList cached;
     QString findCriteria;
     quint64 findGeneration = 0;
     std::vector<QByteArray> findKeys;
@@ -141,12 +140,13 @@ struct Recordset::Impl
 
     QString NativeSelect(const QString& catalogueSql) const;
     void DescribeFields(const QSqlRecord& record, const TableInfo* table);
-    void Fetch();
+    void Fetch(const QString& changeStamp);
     void ReadAll(QSqlQuery& query);
     void EnsureFresh();
     void Changed();
     void LeaveRow();
-    const QVariantList& CurrentRow();
+    void RequireCurrent();
+    QVariant CurrentCell(int column);
     int CheckedIndex(int index) const;
     void RequireUpdatable() const;
     QString Quoted(const QString& name) const { return db.Dialect().QuoteIdentifier(name); }
@@ -179,10 +179,8 @@ Recordset::Impl::Impl(Database& database, const QString& tableOrSql) : db(databa
         baseTable = shape.Table();
     offset = baseTable.isEmpty() ? 0 : 1;
     nativeSql = NativeSelect(sql);
-    stamp = db.ChangeStamp();
-    QSqlQuery query = db.QueryNative(nativeSql);
-    DescribeFields(query.record(), info ? &*info : nullptr);
-    ReadAll(query);
+    // Runs the select once so that a bad one fails here; its rows are read when first needed.
+    DescribeFields(db.QueryNative(nativeSql).record(), info ? &*info : nullptr);
 }
 
 // The engine's SQL of a select, with the row identity as its first column when updatable.
@@ -206,10 +204,12 @@ void Recordset::Impl::DescribeFields(const QSqlRecord& record, const TableInfo* 
     }
 }
 
-void Recordset::Impl::Fetch()
+void Recordset::Impl::Fetch(const QString& changeStamp)
 {
     QSqlQuery query = db.QueryNative(nativeSql);
     ReadAll(query);
+    stamp = changeStamp;
+    fetched = true;
 }
 
 void Recordset::Impl::ReadAll(QSqlQuery& query)
@@ -218,26 +218,24 @@ void Recordset::Impl::ReadAll(QSqlQuery& query)
     const int columns = int(fields.size()) + offset;
     while (query.next())
         rows.AppendFrom(query, columns);
+    rows.Squeeze();
     Changed();
 }
 
-// Reads the rows again when the store changed since the last fetch (or cannot tell).
+// Reads the rows when they were never read, or when the store changed since (or cannot tell).
 void Recordset::Impl::EnsureFresh()
 {
     if (!stale)
         return;
-    stale = false;
     const QString now = db.ChangeStamp();
-    if (now.isEmpty() || now != stamp) {
-        stamp = now;
-        Fetch();
-    }
+    if (!fetched || now.isEmpty() || now != stamp)
+        Fetch(now);
+    stale = false;
 }
 
 void Recordset::Impl::Changed()
 {
     ++generation;
-    cachedRow = -1;
 }
 
 void Recordset::Impl::LeaveRow()
@@ -246,18 +244,19 @@ void Recordset::Impl::LeaveRow()
     onDeleted = false;
 }
 
-const QVariantList& Recordset::Impl::CurrentRow()
+void Recordset::Impl::RequireCurrent()
 {
     EnsureFresh();
     if (onDeleted)
         throw KernelError(RecordDeleted);
     if (pos < 0 || pos >= rows.Count())
         throw KernelError(NoCurrentRecord);
-    if (cachedRow != pos) {
-        cached = rows.Row(pos);
-        cachedRow = pos;
-    }
-    return cached;
+}
+
+QVariant Recordset::Impl::CurrentCell(int column)
+{
+    RequireCurrent();
+    return rows.Cell(pos, column);
 }
 
 int Recordset::Impl::CheckedIndex(int index) const
@@ -336,7 +335,7 @@ void Recordset::Impl::UpdateCurrent()
     }
     if (assignments.isEmpty())
         return;
-    values << CurrentRow().first();
+    values << CurrentCell(0);
     QSqlQuery query = db.QueryNative(QStringLiteral("UPDATE %1 SET %2 WHERE %3 RETURNING %4")
                                          .arg(Quoted(baseTable), assignments.join(QStringLiteral(", ")),
                                               db.Dialect().IdentityMatch(), db.Dialect().RowIdentity()),
@@ -485,8 +484,8 @@ void Recordset::AddNew()
 void Recordset::Edit()
 {
     d->RequireUpdatable();
-    const QVariantList& row = d->CurrentRow();
-    d->buffer = row.mid(d->offset);
+    d->RequireCurrent();
+    d->buffer = d->rows.Row(d->pos).mid(d->offset);
     d->changed = QVector<bool>(d->fields.size(), false);
     d->mode = EditMode::Edit;
 }
@@ -512,7 +511,7 @@ void Recordset::CancelUpdate()
 void Recordset::Delete()
 {
     d->RequireUpdatable();
-    const QVariant identity = d->CurrentRow().first();
+    const QVariant identity = d->CurrentCell(0);
     d->db.QueryNative(QStringLiteral("DELETE FROM %1 WHERE %2").arg(d->Quoted(d->baseTable), d->db.Dialect().IdentityMatch()),
                       {identity});
     d->rows.Remove(d->pos);
@@ -526,7 +525,6 @@ void Recordset::Requery()
     d->LeaveRow();
     d->stale = true;
     d->pos = 0;
-    d->cachedRow = -1;
 }
 
 int Recordset::FieldCount() const
@@ -569,7 +567,7 @@ QVariant Recordset::Value(const QString& name) const
 QVariant Recordset::Value(int index) const
 {
     d->CheckedIndex(index);
-    const QVariant& stored = d->mode != EditMode::None ? d->buffer[index] : d->CurrentRow()[index + d->offset];
+    const QVariant stored = d->mode != EditMode::None ? d->buffer[index] : d->CurrentCell(index + d->offset);
     return Presented(stored, d->fields[index].kind);
 }
 

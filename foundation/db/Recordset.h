@@ -6,9 +6,10 @@
 class Database;
 
 // Dynaset over a table or the rows of an SQL text (catalogue dialect). A table opens in the
-// order of its primary key. Rows are fetched when the recordset opens and, after Requery,
-// again on the next read, only when the store reports a change since the last fetch; so a
-// requery of a large table costs nothing until it is read. They are kept packed (RowStore).
+// order of its primary key. Opening runs the select once (a bad one throws there); rows
+// are read on first use and, after Requery, again on the next read only when the store
+// reports a change since; so a requery of a large table costs nothing until it is read.
+// They are kept packed (RowStore).
 //
 // Writes go back to the base table by the row's identity (SQLite rowid, PostgreSQL ctid):
 // a select of one table without DISTINCT, TOP, join, grouping or aggregate is updatable;

@@ -3,7 +3,16 @@
 #include <cstring>
 
 namespace {
-enum Tag : char { Null, Integer, Real, Text, Bytes };
+enum Tag : char { Null, Integer, Real, Text, Latin1, Bytes };
+
+bool IsLatin1(const QString& text)
+{
+    for (QChar c : text) {
+        if (c.unicode() > 0xFF)
+            return false;
+    }
+    return true;
+}
 
 template <typename T>
 void Put(QByteArray& out, const T& value)
@@ -56,10 +65,19 @@ void EncodeCell(QByteArray& out, const QVariant& value)
         return;
     }
     default: {
+        // Most catalogue text is Latin-1: one byte a character.
         const QString text = TextOf(value);
-        out.append(char(Text));
+        const bool latin1 = IsLatin1(text);
+        out.append(char(latin1 ? Latin1 : Text));
         Put(out, qint32(text.size()));
-        out.append(reinterpret_cast<const char*>(text.constData()), text.size() * qsizetype(sizeof(QChar)));
+        if (latin1) {
+            const qsizetype start = out.size();
+            out.resize(start + text.size());
+            char* bytes = out.data() + start;
+            for (QChar c : text)
+                *bytes++ = char(c.unicode());
+        } else
+            out.append(reinterpret_cast<const char*>(text.constData()), text.size() * qsizetype(sizeof(QChar)));
     }
     }
 }
@@ -75,6 +93,12 @@ QVariant DecodeCell(const char*& cursor)
         const qint32 length = Take<qint32>(cursor);
         QString text(reinterpret_cast<const QChar*>(cursor), length);
         cursor += length * qsizetype(sizeof(QChar));
+        return text;
+    }
+    case Latin1: {
+        const qint32 length = Take<qint32>(cursor);
+        QString text = QString::fromLatin1(cursor, length);
+        cursor += length;
         return text;
     }
     case Bytes: {
@@ -98,6 +122,7 @@ void SkipCell(const char*& cursor)
     case Text:
         cursor += Take<qint32>(cursor) * qsizetype(sizeof(QChar));
         return;
+    case Latin1:
     case Bytes:
         cursor += Take<qint32>(cursor);
         return;
@@ -112,6 +137,12 @@ void RowStore::Clear()
     m_data.clear();
     m_data.squeeze();
     m_rows.clear();
+    m_rows.shrink_to_fit();
+}
+
+void RowStore::Squeeze()
+{
+    m_data.squeeze();
     m_rows.shrink_to_fit();
 }
 

@@ -7,13 +7,16 @@
 #include <vector>
 
 // The rows of a recordset packed in one buffer: per cell a tag byte and its bytes (64-bit
-// integer, double, UTF-16 text with its length, raw bytes), so that a 100,000-row table costs
+// integer, double, text with its length as Latin-1 when it can be and UTF-16 otherwise, raw
+// bytes), so that a 100,000-row table costs
 // about its data size instead of a QVariant per cell. Values of other types are kept as their
 // text. A replaced row is appended and the old bytes left behind until the next Clear.
 class RowStore
 {
 public:
     void Clear();
+    // Gives back the room reserved for growth, once the rows are read.
+    void Squeeze();
     int Count() const { return int(m_rows.size()); }
 
     // Appends the current row of an active query (columns 0..columns-1).
