@@ -43,6 +43,7 @@ void PostgresDriver::Open(const QString& connectionName, Database::OpenMode)
 
 void PostgresDriver::Configure(Database& db, Database::OpenMode mode)
 {
+    db.ExecuteNative(QStringLiteral("SET client_min_messages = warning"));
     if (mode == Database::OpenMode::Create)
         db.ExecuteNative(QStringLiteral("CREATE SCHEMA IF NOT EXISTS %1").arg(Quoted(m_location.schema)));
     RequireSchema(db, m_location.schema);

@@ -5,6 +5,8 @@
 #include "kernelapi/KernelError.h"
 #include <QSqlQuery>
 #include <QTemporaryDir>
+#include <QUrl>
+#include <QUrlQuery>
 #include <gtest/gtest.h>
 
 namespace {
@@ -184,25 +186,43 @@ TEST(CatalogueSchema, RendersForBothEngines)
 
 namespace {
 // The three databases of a station with a few rows, the kernel's connection reaching the
-// other two as the kernel does.
-class DialectOnSqlite : public ::testing::Test
+// other two as the kernel does: SQLite files, or (when KORVANE_TEST_POSTGRES names a server
+// database) three schemas made afresh on that server.
+class DialectOnEngine : public ::testing::TestWithParam<Engine>
 {
 protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_dir.isValid());
-        auto sound = Open("Sound.MDB", CatalogueSchema::Catalogue::Sound);
-        Open("User.MDB", CatalogueSchema::Catalogue::User);
-        m_kernel = Open("Kernel.MDB", CatalogueSchema::Catalogue::Kernel);
-        m_kernel->Attach(m_dir.filePath("Sound.MDB"), "Sound");
-        m_kernel->Attach(m_dir.filePath("User.MDB"), "User");
-        m_sound = std::move(sound);
+        if (GetParam() == Engine::PostgreSQL && qEnvironmentVariableIsEmpty("KORVANE_TEST_POSTGRES"))
+            GTEST_SKIP() << "KORVANE_TEST_POSTGRES is not set";
+        m_sound = Open("Sound", CatalogueSchema::Catalogue::Sound);
+        Open("User", CatalogueSchema::Catalogue::User);
+        m_kernel = Open("Kernel", CatalogueSchema::Catalogue::Kernel);
+        m_kernel->Attach(Location("Sound"), "Sound");
+        m_kernel->Attach(Location("User"), "User");
         Fill();
     }
 
-    std::unique_ptr<Database> Open(const QString& file, CatalogueSchema::Catalogue catalogue)
+    QString Location(const QString& name) const
     {
-        auto db = Database::Open(m_dir.filePath(file), Database::OpenMode::Create);
+        if (GetParam() == Engine::SQLite)
+            return m_dir.filePath(name + ".MDB");
+        QUrl url(qEnvironmentVariable("KORVANE_TEST_POSTGRES"));
+        QUrlQuery query(url);
+        query.removeAllQueryItems("schema");
+        query.addQueryItem("schema", "korvane_dialect_" + name.toLower());
+        url.setQuery(query);
+        return url.toString();
+    }
+
+    std::unique_ptr<Database> Open(const QString& name, CatalogueSchema::Catalogue catalogue)
+    {
+        if (GetParam() == Engine::PostgreSQL) {
+            auto server = Database::Open(qEnvironmentVariable("KORVANE_TEST_POSTGRES"), Database::OpenMode::Create);
+            server->ExecuteNative("DROP SCHEMA IF EXISTS korvane_dialect_" + name.toLower() + " CASCADE");
+        }
+        auto db = Database::Open(Location(name), Database::OpenMode::Create);
         CatalogueSchema::Create(*db, catalogue);
         return db;
     }
@@ -239,7 +259,7 @@ protected:
         });
     }
 
-    // The first column of every row of a query on the kernel's connection.
+    // One column of every row of a query on the kernel's connection.
     QStringList Column(const QString& sql, int column = 0)
     {
         QSqlQuery query = m_kernel->Query(sql);
@@ -249,24 +269,32 @@ protected:
         return values;
     }
 
+    // The same for a query with no order of its own.
+    QStringList Sorted(const QString& sql, int column = 0)
+    {
+        QStringList values = Column(sql, column);
+        values.sort();
+        return values;
+    }
+
     QTemporaryDir m_dir;
     std::unique_ptr<Database> m_sound;
     std::unique_ptr<Database> m_kernel;
 };
 }
 
-TEST_F(DialectOnSqlite, CartQueriesReturnTheExpectedRows)
+TEST_P(DialectOnEngine, CartQueriesReturnTheExpectedRows)
 {
     EXPECT_EQ(Column("SELECT * FROM Sound ORDER BY ID"), QStringList({"JIN0001", "JIN0002"}));
-    EXPECT_EQ(Column("SELECT * FROM Cart WHERE TYPE = 's'"), QStringList({"JIN0001", "JIN0002"}));
+    EXPECT_EQ(Sorted("SELECT * FROM Cart WHERE TYPE = 's'"), QStringList({"JIN0001", "JIN0002"}));
     EXPECT_EQ(Column("SELECT * from Cart WHERE ID like 'jin*' ORDER BY ID"), QStringList({"JIN0001", "JIN0002"}));
-    EXPECT_EQ(Column(LiveSearch("rock")), QStringList({"JIN0001", "JIN0002"}));
+    EXPECT_EQ(Sorted(LiveSearch("rock")), QStringList({"JIN0001", "JIN0002"}));
     EXPECT_EQ(Column(LiveSearch("")).size(), 4);
     EXPECT_EQ(Column(OrphanScan("O'Brien.wav")), QStringList({"JIN0001"}));
     EXPECT_TRUE(Column(OrphanScan("Brien.wav.bak")).isEmpty());
 }
 
-TEST_F(DialectOnSqlite, AQuoteInTheLiveSearchIsAQueryError)
+TEST_P(DialectOnEngine, AQuoteInTheLiveSearchIsAQueryError)
 {
     EXPECT_THROW(m_kernel->Query(LiveSearch("O'Brien")), KernelError);
     EXPECT_THROW(m_kernel->Query(LiveSearch("O'Br'ien")), KernelError);
@@ -274,7 +302,7 @@ TEST_F(DialectOnSqlite, AQuoteInTheLiveSearchIsAQueryError)
     EXPECT_EQ(Column("SELECT * FROM Cart WHERE Descripcio like '*" + InnerQuoted("O'Brien") + "'"), QStringList({"JIX0001"}));
 }
 
-TEST_F(DialectOnSqlite, DiscLibraryQueriesReturnTheExpectedRows)
+TEST_P(DialectOnEngine, DiscLibraryQueriesReturnTheExpectedRows)
 {
     m_kernel->Execute(SaveFilter("Title like 'B*' AND Genre <> 'Rock'", "Title"));
     QSqlQuery filter = m_kernel->Query("SELECT * FROM Filters WHERE ProgramName = 'Morning' AND FilterName = 'Rock'");
@@ -289,16 +317,14 @@ TEST_F(DialectOnSqlite, DiscLibraryQueriesReturnTheExpectedRows)
     EXPECT_EQ(Column("SELECT * FROM CrossSections WHERE Title like 'B*' ORDER BY Title"), QStringList({"S2"}));
     EXPECT_EQ(Column("SELECT * FROM CrossSections " + QString("WHERE ") + "Genre IS NULL " + "ORDER BY " + "Title"),
               QStringList({"S2", "S1"}));
-    QStringList properties = Column("SELECT DISTINCT [Property] FROM Sections");
-    properties.sort();
-    EXPECT_EQ(properties, QStringList({"Genre", "Title"}));
+    EXPECT_EQ(Sorted("SELECT DISTINCT [Property] FROM Sections"), QStringList({"Genre", "Title"}));
     EXPECT_EQ(Column("SELECT DISTINCT [Value] FROM Sections WHERE [Property] = 'genre'"), QStringList({"Jazz"}));
     EXPECT_EQ(Column("SELECT * FROM local_Discs", 2), QStringList({"Blue Train"}));
     EXPECT_TRUE(Column("SELECT * FROM remote_Discs").isEmpty());
     EXPECT_EQ(Column("SELECT * FROM Contents ORDER BY Original"), QStringList({"Add", "Exit"}));
 }
 
-TEST_F(DialectOnSqlite, MaintenanceStatementsReachTheSoundDatabase)
+TEST_P(DialectOnEngine, MaintenanceStatementsReachTheSoundDatabase)
 {
     m_kernel->Execute("DELETE FROM RMacro WHERE MacroID = 'PAU4004'");
     m_kernel->Execute("DELETE FROM RMacro WHERE MacroID = 'PAU4005'");
@@ -310,3 +336,6 @@ TEST_F(DialectOnSqlite, MaintenanceStatementsReachTheSoundDatabase)
         seen << steps.value(0).toString() + ":" + steps.value(1).toString() + ":" + steps.value(2).toString();
     EXPECT_EQ(seen, QStringList({"PAU4005:1:CON0003", "PAU4005:2:CON0003", "PAU4005:3:CON0003"}));
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, DialectOnEngine, ::testing::Values(Engine::SQLite, Engine::PostgreSQL),
+                         [](const auto& info) { return info.param == Engine::SQLite ? "SQLite" : "PostgreSQL"; });
