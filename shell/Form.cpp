@@ -2,10 +2,11 @@
 #include <QCloseEvent>
 
 namespace {
+// Never destroyed: forms may still be deleted while the process's statics go away.
 QList<QPointer<Form>>& Registry()
 {
-    static QList<QPointer<Form>> forms;
-    return forms;
+    static auto* forms = new QList<QPointer<Form>>;
+    return *forms;
 }
 }
 
@@ -32,7 +33,7 @@ QList<Form*> Form::OpenForms()
 {
     QList<Form*> forms;
     for (const auto& form : Registry())
-        if (form)
+        if (form && !form->m_unloaded)
             forms.append(form);
     return forms;
 }
@@ -61,5 +62,6 @@ void Form::closeEvent(QCloseEvent* event)
         return;
     }
     event->accept();
+    m_unloaded = testAttribute(Qt::WA_DeleteOnClose);
     Form_Unload();
 }

@@ -15,7 +15,7 @@ public:
 
     void Unload();
 
-    // The open forms, in the order of their creation.
+    // The open forms, in the order of their creation; a form that has unloaded is not open.
     static QList<Form*> OpenForms();
     // The open form of that name (case-sensitive), or null.
     static Form* Find(const QString& name);
@@ -31,4 +31,5 @@ protected:
 
 private:
     bool m_loaded = false;
+    bool m_unloaded = false; // closed and waiting for its deletion
 };

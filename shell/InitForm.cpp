@@ -28,6 +28,11 @@
 namespace {
 QPointer<InitForm> g_instance;
 const QString Object = QStringLiteral("InitForm");
+
+QString TypeName(const Form* form)
+{
+    return form ? QString::fromLatin1(form->metaObject()->className()) : QStringLiteral("Nothing");
+}
 }
 
 InitForm* InitForm::Instance()
@@ -236,8 +241,8 @@ void InitForm::MenuSelector_OpenForm(const QString& name)
         CInterface* ui = modInterface::Interface();
         LogOk(Object, procedure, QStringLiteral("TR_CannotLoadScreen = '") + Tr(QStringLiteral("Cannot load the screen")) + QStringLiteral("'."));
         LogOk(Object, procedure, QStringLiteral("Entering function."));
-        Form* form = Form::Find(name);
-        LogOk(Object, procedure, QStringLiteral("Found form. Typename = ") + (form ? QString::fromLatin1(form->metaObject()->className()) : QStringLiteral("Nothing")));
+        QPointer<Form> form = Form::Find(name);
+        LogOk(Object, procedure, QStringLiteral("Found form. Typename = ") + TypeName(form));
         ui->MessagePush(Tr(QStringLiteral("Loading screen")));
         LogOk(Object, procedure, QStringLiteral("Pushing msgbox."));
         if (!form) {
@@ -248,7 +253,7 @@ void InitForm::MenuSelector_OpenForm(const QString& name)
             LogOk(Object, procedure, QStringLiteral("The form '") + name + QStringLiteral("' has been added."));
             form = Form::Find(name);
             LogOk(Object, procedure, QStringLiteral("The form '") + name + QStringLiteral("' has been located. Typename = ")
-                                        + (form ? QString::fromLatin1(form->metaObject()->className()) : QStringLiteral("Nothing")));
+                                        + TypeName(form));
         }
         if (!form) {
             LogError(Object, procedure, QStringLiteral("Form could not be added."));
@@ -261,6 +266,8 @@ void InitForm::MenuSelector_OpenForm(const QString& name)
         LogOk(Object, procedure, QStringLiteral("MegWindow updated. Hiding Me."));
         HideForm();
         LogOk(Object, procedure, QStringLiteral("Me hided. Showing F."));
+        if (!form)
+            throw KernelError(QStringLiteral("The form '%1' went away while it was being shown").arg(name));
         form->show();
         form->raise();
         form->activateWindow();

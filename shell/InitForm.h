@@ -1,9 +1,9 @@
 #pragma once
 #include "shell/Form.h"
+#include "shell/IFMenu.h"
 #include <QPointer>
 
 class ElasticPanel;
-class IFMenu;
 class QFrame;
 class QLabel;
 

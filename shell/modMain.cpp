@@ -1,6 +1,8 @@
 #include "shell/modMain.h"
 #include "foundation/ErrorGuard.h"
+#include "foundation/Globals.h"
 #include "foundation/ui/Dialogs.h"
+#include "shell/Form.h"
 #include "shell/FrmLoadProgress.h"
 #include "shell/modGlobals.h"
 #include "shell/modInterface.h"
@@ -16,6 +18,7 @@ int g_endedWith = -1;
 std::function<void(int)>& Ender()
 {
     static std::function<void(int)> ender = [](int code) {
+        TearDown();
         std::fflush(nullptr);
         std::exit(code);
     };
@@ -26,6 +29,15 @@ void BoxOnly(const QString& text)
 {
     Dialogs::MessageBox(text);
 }
+}
+
+void TearDown()
+{
+    if (modInterface::Interface())
+        modInterface::StopInterface();
+    for (Form* form : Form::OpenForms())
+        delete form;
+    Globals::Data().Close();
 }
 
 void SetProcessEnder(std::function<void(int)> ender) { Ender() = std::move(ender); }

@@ -11,6 +11,10 @@ void EndApplication();
 // FinishApp, then EndApplication.
 void UnloadApplication();
 
+// Stops the interface, deletes every open form and closes the shared recordsets, so that
+// nothing of the interface outlives the application object.
+void TearDown();
+
 // How the process ends: by default the process exits with the code; tests record it instead.
 void SetProcessEnder(std::function<void(int code)> ender);
 void EndProcess(int code);

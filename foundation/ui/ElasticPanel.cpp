@@ -5,6 +5,13 @@ ElasticPanel::ElasticPanel(QWidget* parent)
 {
 }
 
+ElasticPanel::~ElasticPanel()
+{
+    // The children outlive this object's members while QWidget deletes them.
+    for (QWidget* child : m_places.keys())
+        disconnect(child, &QObject::destroyed, this, nullptr);
+}
+
 void ElasticPanel::SetDesignSize(const QSizeF& units)
 {
     m_designSize = units;

@@ -13,6 +13,7 @@ class ElasticPanel : public QWidget
     Q_OBJECT
 public:
     explicit ElasticPanel(QWidget* parent = nullptr);
+    ~ElasticPanel() override;
 
     void SetDesignSize(const QSizeF& units);
     // Adds or moves a child (made a child of this panel) to a rectangle in units.

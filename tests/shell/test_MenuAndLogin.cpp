@@ -14,6 +14,7 @@
 #include "shell/modInterface.h"
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>

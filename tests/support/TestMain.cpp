@@ -3,6 +3,7 @@
 // form registry.
 #include "foundation/ui/Dialogs.h"
 #include "shell/Registry.h"
+#include "shell/modMain.h"
 #include <QApplication>
 #include <gtest/gtest.h>
 
@@ -13,5 +14,7 @@ int main(int argc, char** argv)
     Dialogs::InstallFromEnvironment();
     Registry::RegisterShell();
     ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    modMain::TearDown();
+    return result;
 }
