@@ -2,8 +2,13 @@
 #include "kernelapi/KernelError.h"
 #include <QFile>
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <exception>
+#include <mutex>
 #include <random>
+#include <thread>
+#include <vector>
 #include <sndfile.h>
 
 namespace {
@@ -184,7 +189,7 @@ AudioGenerator::AudioGenerator(SoundLength length) : m_length(length) {}
 int AudioGenerator::LengthMs(const SoundRecipe& recipe) const
 {
     // Short sounds keep their order of length (a long one stays the longest) at a fraction of it.
-    const double seconds = m_length == SoundLength::Full ? recipe.seconds : 0.15 + recipe.seconds * 0.025;
+    const double seconds = m_length == SoundLength::Full ? recipe.seconds : 0.1 + recipe.seconds * 0.01;
     return int(std::lround(seconds * 100)) * 10;
 }
 
@@ -203,6 +208,33 @@ int AudioGenerator::Write(const SoundRecipe& recipe, const QString& path) const
     Finish(sound);
     WriteFile(sound, recipe.format, path);
     return ms;
+}
+
+QVector<int> AudioGenerator::WriteAll(const QVector<Job>& jobs) const
+{
+    QVector<int> lengths(jobs.size());
+    std::atomic<int> next{0};
+    std::exception_ptr failure;
+    std::mutex failureLock;
+    const auto work = [&] {
+        for (int i = next++; i < jobs.size(); i = next++) {
+            try {
+                lengths[i] = Write(jobs[i].first, jobs[i].second);
+            } catch (...) {
+                const std::lock_guard<std::mutex> lock(failureLock);
+                if (!failure)
+                    failure = std::current_exception();
+            }
+        }
+    };
+    std::vector<std::thread> workers(std::max(1u, std::thread::hardware_concurrency()));
+    for (std::thread& worker : workers)
+        worker = std::thread(work);
+    for (std::thread& worker : workers)
+        worker.join();
+    if (failure)
+        std::rethrow_exception(failure);
+    return lengths;
 }
 
 QString AudioGenerator::Extension(AudioFormat format)

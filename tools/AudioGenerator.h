@@ -2,7 +2,8 @@
 #include "tools/SoundRecipe.h"
 #include "tools/StationOptions.h"
 #include <QString>
-#include <vector>
+#include <QVector>
+#include <utility>
 
 // Synthesises stereo sounds from recipes and writes them with libsndfile in the recipe's
 // format. Every sound starts and ends with a short ramp, so it never clicks, and peaks a
@@ -16,6 +17,11 @@ public:
     // 10, so that the length is a whole number of frames at 44.1 and 48 kHz). Throws
     // KernelError when the file cannot be written.
     int Write(const SoundRecipe& recipe, const QString& path) const;
+
+    using Job = std::pair<SoundRecipe, QString>; // recipe, path
+    // Writes several sounds on all processor cores; the lengths come back in the order of the
+    // jobs. The first failure is thrown once every worker has stopped.
+    QVector<int> WriteAll(const QVector<Job>& jobs) const;
 
     // The file name extension of a format, with the dot.
     static QString Extension(AudioFormat format);

@@ -67,11 +67,16 @@ QVector<BulkCatalogue::SharedSound> BulkCatalogue::WriteSharedSounds(StationRepo
                                    {Shape::Chord, 5, 293.66, 903, AudioFormat::Ogg},
                                    {Shape::NoiseBurst, 3, 1500, 904, AudioFormat::Wav24}};
     QVector<SharedSound> sounds;
+    QVector<AudioGenerator::Job> jobs;
     for (const SoundRecipe& recipe : recipes) {
         const QString filename = SharedFolder + QStringLiteral("shared-%1%2").arg(sounds.size() + 1).arg(AudioGenerator::Extension(recipe.format));
-        sounds.append({filename, m_audio.Write(recipe, m_soundDir + filename)});
-        ++report.soundFiles;
+        sounds.append({filename, 0});
+        jobs.append({recipe, m_soundDir + filename});
     }
+    const QVector<int> lengths = m_audio.WriteAll(jobs);
+    for (int i = 0; i < sounds.size(); ++i)
+        sounds[i].ms = lengths[i];
+    report.soundFiles += int(sounds.size());
     return sounds;
 }
 
@@ -80,11 +85,11 @@ void BulkCatalogue::WriteFamilies(int families, StationReport& report)
     m_userDb.Transaction([&] {
         TableWriter rows(m_userDb, QStringLiteral("Familia"),
                          {QStringLiteral("ID"), QStringLiteral("Descripcio"), QStringLiteral("Tothom")});
-        for (int i = 0; i < families; ++i) {
+        for (int i = 0; i < families; ++i)
             rows.Add({FamilyID(i), QStringLiteral("Benchmark family %1").arg(i + 1), true});
-            report.families << FamilyID(i);
-        }
     });
+    for (int i = 0; i < families; ++i)
+        report.families << FamilyID(i);
 }
 
 void BulkCatalogue::WriteCarts(int carts, const QVector<SharedSound>& sounds, StationReport& report)

@@ -65,6 +65,16 @@ QVector<DemoUser> Users()
     };
 }
 
+// ID, Descripcio
+QVector<QStringList> WorkingGroups()
+{
+    return {
+        {QStringLiteral("TECHNICS"), QStringLiteral("Technical staff")},
+        {QStringLiteral("PRESENTERS"), QStringLiteral("Presenters")},
+        {QStringLiteral("PRODUCTION"), QStringLiteral("Production and advertising")},
+    };
+}
+
 QVector<DemoFamily> Families()
 {
     return {
@@ -186,6 +196,12 @@ QString LastDate()
     return QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy"));
 }
 
+// Sound files are named after their cart, relative to the sound folder.
+QString FileName(const DemoSound& sound)
+{
+    return sound.id + AudioGenerator::Extension(sound.recipe.format);
+}
+
 // Auxiliary marks a tenth of the length in from either end, on a 10 ms grid.
 int StartMark(int ms) { return ms / 100 * 10; }
 int StopMark(int ms) { return ms - StartMark(ms); }
@@ -199,16 +215,28 @@ DemoCatalogue::DemoCatalogue(Database& soundDb, Database& userDb, const QString&
 void DemoCatalogue::Write(StationReport& report)
 {
     m_userDb.Transaction([&] {
-        WriteUsers(report);
-        WriteGroups(report);
-        WriteFamilies(report);
-        WriteCustomers(report);
+        WriteUsers();
+        WriteGroups();
+        WriteFamilies();
+        WriteCustomers();
     });
-    GenerateSounds(report);
-    m_soundDb.Transaction([&] { WriteCarts(report); });
+    GenerateSounds();
+    m_soundDb.Transaction([&] { WriteCarts(); });
+    Count(report);
 }
 
-void DemoCatalogue::WriteUsers(StationReport& report)
+void DemoCatalogue::Count(StationReport& report) const
+{
+    for (const DemoFamily& family : Families())
+        report.families << family.id;
+    report.users += int(Users().size());
+    report.groups += int(WorkingGroups().size() + Users().size());
+    report.customers += int(Customers().size());
+    report.demoCarts += int(Sounds().size() + Controls().size() + Macros().size());
+    report.soundFiles += int(m_lengths.size());
+}
+
+void DemoCatalogue::WriteUsers()
 {
     TableWriter users(m_userDb, QStringLiteral("Usuari"),
                       {QStringLiteral("ID"), QStringLiteral("Nom"), QStringLiteral("Telefon"), QStringLiteral("DefaultSnd"),
@@ -219,36 +247,31 @@ void DemoCatalogue::WriteUsers(StationReport& report)
         for (const QString& group : user.groups + QStringList{user.id})
             members.Add({group, user.id});
     }
-    report.users += users.Count();
 }
 
-void DemoCatalogue::WriteGroups(StationReport& report)
+void DemoCatalogue::WriteGroups()
 {
     TableWriter groups(m_userDb, QStringLiteral("Grup"), {QStringLiteral("ID"), QStringLiteral("Descripcio")});
-    groups.Add({QStringLiteral("TECHNICS"), QStringLiteral("Technical staff")});
-    groups.Add({QStringLiteral("PRESENTERS"), QStringLiteral("Presenters")});
-    groups.Add({QStringLiteral("PRODUCTION"), QStringLiteral("Production and advertising")});
+    for (const QStringList& group : WorkingGroups())
+        groups.Add({group[0], group[1]});
     // Every user owns a private group named after the user.
     for (const DemoUser& user : Users())
         groups.Add({user.id, QStringLiteral("Particular group of ") + user.name});
-    report.groups += groups.Count();
 }
 
-void DemoCatalogue::WriteFamilies(StationReport& report)
+void DemoCatalogue::WriteFamilies()
 {
     TableWriter families(m_userDb, QStringLiteral("Familia"),
                          {QStringLiteral("ID"), QStringLiteral("Descripcio"), QStringLiteral("Tothom")});
-    for (const DemoFamily& family : Families()) {
+    for (const DemoFamily& family : Families())
         families.Add({family.id, family.description, family.everybody});
-        report.families << family.id;
-    }
     TableWriter rights(m_userDb, QStringLiteral("RFamilia"),
                        {QStringLiteral("GrupID"), QStringLiteral("familia"), QStringLiteral("Write")});
     for (const DemoRight& right : Rights())
         rights.Add({right.group, right.family, right.write});
 }
 
-void DemoCatalogue::WriteCustomers(StationReport& report)
+void DemoCatalogue::WriteCustomers()
 {
     TableWriter customers(m_userDb, QStringLiteral("Client"),
                           {QStringLiteral("ID"), QStringLiteral("Nom"), QStringLiteral("Contacte"), QStringLiteral("Adreca"),
@@ -256,19 +279,20 @@ void DemoCatalogue::WriteCustomers(StationReport& report)
                            QStringLiteral("Fax"), QStringLiteral("CIF"), QStringLiteral("Email"), QStringLiteral("Web")});
     for (const QStringList& customer : Customers())
         customers.Add(QVariantList(customer.cbegin(), customer.cend()));
-    report.customers += customers.Count();
 }
 
-void DemoCatalogue::GenerateSounds(StationReport& report)
+void DemoCatalogue::GenerateSounds()
 {
-    for (const DemoSound& sound : Sounds()) {
-        const QString file = sound.id + AudioGenerator::Extension(sound.recipe.format);
-        m_lengths.insert(sound.id, m_audio.Write(sound.recipe, m_soundDir + file));
-        ++report.soundFiles;
-    }
+    const QVector<DemoSound> sounds = Sounds();
+    QVector<AudioGenerator::Job> jobs;
+    for (const DemoSound& sound : sounds)
+        jobs.append({sound.recipe, m_soundDir + FileName(sound)});
+    const QVector<int> lengths = m_audio.WriteAll(jobs);
+    for (int i = 0; i < sounds.size(); ++i)
+        m_lengths.insert(sounds[i].id, lengths[i]);
 }
 
-void DemoCatalogue::WriteCarts(StationReport& report)
+void DemoCatalogue::WriteCarts()
 {
     TableWriter carts(m_soundDb, QStringLiteral("Cart"),
                       {QStringLiteral("ID"), QStringLiteral("Descripcio"), QStringLiteral("Comentari"), QStringLiteral("Type"),
@@ -285,7 +309,7 @@ void DemoCatalogue::WriteCarts(StationReport& report)
         const bool temporal = sound.id == ThisWeekOnly;
         carts.Add({sound.id, sound.title, sound.comment, QStringLiteral("S"), temporal ? QVariant(today) : always,
                    temporal ? QVariant(today.addDays(7)) : always, ms});
-        sounds.Add({sound.id, sound.id + AudioGenerator::Extension(sound.recipe.format), 0, ms, StartMark(ms),
+        sounds.Add({sound.id, FileName(sound), 0, ms, StartMark(ms),
                     StopMark(ms), sound.client});
     }
     for (const DemoControl& control : Controls())
@@ -295,7 +319,6 @@ void DemoCatalogue::WriteCarts(StationReport& report)
         for (int i = 0; i < macro.steps.size(); ++i)
             steps.Add({macro.id, i + 1, macro.steps[i]});
     }
-    report.demoCarts += carts.Count();
 }
 
 int DemoCatalogue::MacroLength(const QStringList& steps) const

@@ -23,12 +23,14 @@ public:
     void Write(StationReport& report);
 
 private:
-    void WriteUsers(StationReport& report);
-    void WriteGroups(StationReport& report);
-    void WriteFamilies(StationReport& report);
-    void WriteCustomers(StationReport& report);
-    void GenerateSounds(StationReport& report);
-    void WriteCarts(StationReport& report);
+    // The writers run inside transactions that may be run again, so they leave the report alone.
+    void WriteUsers();
+    void WriteGroups();
+    void WriteFamilies();
+    void WriteCustomers();
+    void GenerateSounds();
+    void WriteCarts();
+    void Count(StationReport& report) const;
     // Playing length of a macro: the sum of its sound steps.
     int MacroLength(const QStringList& steps) const;
 

@@ -2,7 +2,7 @@
 #include <QString>
 
 // How long the generated demo sounds are: Full makes real programme material (3 to 30 seconds
-// each); Short makes the same distinct sounds a few hundred milliseconds long, for fixtures
+// each); Short makes the same distinct sounds 0.1 to 0.4 seconds long, for fixtures
 // that create many stations.
 enum class SoundLength { Full, Short };
 

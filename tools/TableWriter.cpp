@@ -32,5 +32,4 @@ void TableWriter::Add(const QVariantList& values)
         m_query.bindValue(i, values[i]);
     if (!m_query.exec())
         throw KernelError(QStringLiteral("Cannot add a row to table %1: %2").arg(m_table, m_query.lastError().text()));
-    ++m_count;
 }

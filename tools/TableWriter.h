@@ -15,11 +15,9 @@ public:
 
     // Adds one row; values in the order of the fields. Throws KernelError on failure.
     void Add(const QVariantList& values);
-    int Count() const { return m_count; }
 
 private:
     QString m_table;
     int m_fieldCount;
     QSqlQuery m_query;
-    int m_count = 0;
 };
