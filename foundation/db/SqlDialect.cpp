@@ -3,6 +3,7 @@
 #include "foundation/db/SqliteDialect.h"
 #include "foundation/db/SqlTokenizer.h"
 #include "kernelapi/KernelError.h"
+#include <QRegularExpression>
 #include <optional>
 
 namespace {
@@ -109,7 +110,7 @@ std::vector<bool> MarkPatterns(const Tokens& tokens)
         if (!tokens[i].IsWord(u"like"))
             continue;
         size_t operand = SqlTokenizer::NextSignificant(tokens, i + 1);
-        while (operand < tokens.size() && !tokens[operand].IsSymbol(u"(")) {
+        while (operand < tokens.size() && !tokens[operand].IsSymbol(u"(") && !tokens[operand].IsWord(u"like")) {
             pattern[operand] = tokens[operand].kind == SqlToken::Kind::String;
             const size_t next = SqlTokenizer::NextSignificant(tokens, operand + 1);
             if (next >= tokens.size() || !(IsConcatenation(tokens[next]) || tokens[next].IsSymbol(u"||")))
@@ -120,17 +121,30 @@ std::vector<bool> MarkPatterns(const Tokens& tokens)
     return pattern;
 }
 
+// A date of the catalogue dialect: yyyy-mm-dd or m/d/yyyy, with an optional h:mm[:ss].
 QDateTime ParseDate(const QString& text)
 {
-    static const QStringList formats{"yyyy-MM-dd HH:mm:ss", "yyyy-MM-dd HH:mm", "yyyy-MM-dd", "yyyy-MM-ddTHH:mm:ss",
-                                     "M/d/yyyy H:mm:ss",    "M/d/yyyy H:mm",    "M/d/yyyy"};
+    static const QRegularExpression iso(
+        QStringLiteral(R"(^([0-9]{4})-([0-9]{1,2})-([0-9]{1,2})(?:[ T]([0-9]{1,2}):([0-9]{2})(?::([0-9]{2}))?)?$)"));
+    static const QRegularExpression us(
+        QStringLiteral(R"(^([0-9]{1,2})/([0-9]{1,2})/([0-9]{4})(?: ([0-9]{1,2}):([0-9]{2})(?::([0-9]{2}))?)?$)"));
     const QString trimmed = text.trimmed();
-    for (const QString& format : formats) {
-        const QDateTime value = QDateTime::fromString(trimmed, format);
-        if (value.isValid())
-            return value;
+    QRegularExpressionMatch match = iso.match(trimmed);
+    int year = 1;
+    int month = 2;
+    int day = 3;
+    if (!match.hasMatch()) {
+        match = us.match(trimmed);
+        year = 3;
+        month = 1;
+        day = 2;
     }
-    return {};
+    if (!match.hasMatch())
+        return {};
+    const auto number = [&](int group) { return match.captured(group).toInt(); };
+    const QDate date(number(year), number(month), number(day));
+    const QTime time(number(4), number(5), number(6));
+    return date.isValid() && time.isValid() ? QDateTime(date, time) : QDateTime();
 }
 }
 
