@@ -56,13 +56,14 @@ void StationBuilder::RefuseExistingStation() const
     if (QFileInfo::exists(m_folder.StationIni()) || QFileInfo::exists(m_folder.DataDir()))
         throw KernelError(QStringLiteral("'%1' already holds a station (station.ini or data/ is there); nothing was changed")
                               .arg(root));
-    if (QFileInfo(m_folder.Root()).exists() && !QFileInfo(m_folder.Root()).isDir())
+    const QFileInfo rootInfo(QDir::cleanPath(m_folder.Root()));
+    if (rootInfo.exists() && !rootInfo.isDir())
         throw KernelError(QStringLiteral("'%1' is a file, not a folder").arg(root));
 }
 
 void StationBuilder::NoteMissingEntries()
 {
-    if (!QFileInfo::exists(m_folder.Root())) {
+    if (!QFileInfo::exists(QDir::cleanPath(m_folder.Root()))) {
         m_created << m_folder.Root();
         return;
     }

@@ -309,3 +309,19 @@ TEST(StationTool, TempStationNamesItselfInTheEnvironmentWhileAlive)
     }
     EXPECT_FALSE(qEnvironmentVariableIsSet("KORVANE_STATION"));
 }
+
+TEST(StationTool, AFailedCreationRemovesWhatItMadeAndKeepsWhatWasThere)
+{
+    QTemporaryDir parent;
+    QFile blocker(parent.filePath("sound")); // a file where the sound folder should go
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    QString errors;
+    EXPECT_EQ(RunCommand({"create", parent.path()}, &errors), 1);
+    EXPECT_TRUE(errors.contains("Cannot create the folder")) << errors.toStdString();
+    EXPECT_EQ(QDir(parent.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{"sound"});
+
+    EXPECT_EQ(RunCommand({"create", parent.filePath("sound")}, &errors), 1);
+    EXPECT_TRUE(errors.contains("is a file")) << errors.toStdString();
+    EXPECT_TRUE(QFileInfo(parent.filePath("sound")).isFile());
+}
