@@ -10,15 +10,15 @@ function(korvane_library name dir)
 endfunction()
 
 # korvane_test(NAME DIR LIBS...) makes one GoogleTest executable from a test folder and
-# registers its cases with CTest. Widget tests run on the offscreen platform.
+# registers its cases with CTest. The shared test main puts widget tests on the offscreen
+# platform with headless dialogs.
 function(korvane_test name dir)
   find_package(GTest REQUIRED)
   file(GLOB _src CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/*.h)
   add_executable(${name} ${_src})
   target_link_libraries(${name} PRIVATE ${ARGN} GTest::gtest Qt6::Test)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE KORVANE_BUILD_DIR="${PROJECT_BINARY_DIR}")
   include(GoogleTest)
-  gtest_discover_tests(${name}
-    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;KORVANE_DIALOGS=print;KORVANE_BUILD_DIR=${PROJECT_BINARY_DIR}"
-    DISCOVERY_TIMEOUT 60)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
 endfunction()

@@ -9,7 +9,10 @@
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? QByteArray("offscreen") : qgetenv("QT_QPA_PLATFORM"));
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("KORVANE_DIALOGS"))
+        qputenv("KORVANE_DIALOGS", "print");
     QApplication app(argc, argv);
     Dialogs::InstallFromEnvironment();
     Registry::RegisterShell();
