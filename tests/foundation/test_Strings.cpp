@@ -1,5 +1,8 @@
+#include "foundation/Globals.h"
 #include "foundation/Strings.h"
+#include "kernel/EmbeddedKernel.h"
 #include "kernelapi/KernelError.h"
+#include "support/TempStation.h"
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -101,8 +104,22 @@ TEST(StringsTest, FoldAccentsOnlyGraveAcuteDiaeresisAndTwoLetters)
 
     EXPECT_EQ(RelaxedSearch(QStringLiteral("Música"), true), "Musica");
     EXPECT_EQ(RelaxedSearch(QStringLiteral("Música"), false), QStringLiteral("Música"));
-    // Without a kernel the switch reads as off.
+}
+
+TEST(StringsTest, RelaxedSearchFollowsTheSharedSwitch)
+{
+    const auto previous = Globals::Kernel();
+    Globals::SetKernel(nullptr);
+    EXPECT_EQ(RelaxedSearch(QStringLiteral("Música")), QStringLiteral("Música")); // no kernel: off
+
+    TempStation station;
+    const auto kernel = EmbeddedKernel::Open(station.Folder(), nullptr);
+    Globals::SetKernel(kernel);
+    kernel->SetConfig("RelaxedSearch", "YES");
+    EXPECT_EQ(RelaxedSearch(QStringLiteral("Música")), "Musica");
+    kernel->SetConfig("RelaxedSearch", "yes please");
     EXPECT_EQ(RelaxedSearch(QStringLiteral("Música")), QStringLiteral("Música"));
+    Globals::SetKernel(previous);
 }
 
 TEST(StringsTest, PaddingKeepsLongNumbersWhole)
