@@ -16,7 +16,7 @@ const QString Object = QStringLiteral("CKernel");
 
 bool IsSelection(const QString& sql)
 {
-    static const QRegularExpression selection(QStringLiteral("^\\s*\\(?\\s*SELECT\\b"),
+    static const QRegularExpression selection(QStringLiteral("^\\s*SELECT\\b"),
                                               QRegularExpression::CaseInsensitiveOption);
     return selection.match(sql).hasMatch();
 }
@@ -114,7 +114,9 @@ std::unique_ptr<iRecordset> EmbeddedKernel::OpenRecordset(const QString& procedu
 
 void EmbeddedKernel::Fail(const QString& procedure, const QString& sql, const QString& description)
 {
-    const QString text = QStringLiteral("%1\nSQL: %2").arg(description, sql);
+    // The store's text names the statement as the engine ran it; the caller's own text is
+    // added when it differs, so that the failing statement can be found in the program.
+    const QString text = description.contains(sql) ? description : QStringLiteral("%1 (statement: %2)").arg(description, sql);
     m_log.Error(Object, procedure, text);
     throw KernelError(text);
 }

@@ -33,7 +33,8 @@ void Translator::Reload()
 
 bool Translator::IsSourceLanguage(const QString& language)
 {
-    return language.isEmpty() || language.compare(QLatin1String("English"), Qt::CaseInsensitive) == 0;
+    return language.isEmpty() || language.compare(QLatin1String("English"), Qt::CaseInsensitive) == 0
+           || language.compare(QLatin1String("ENG"), Qt::CaseInsensitive) == 0;
 }
 
 void Translator::Load(const QString& language) const

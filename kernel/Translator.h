@@ -8,8 +8,8 @@ class ConfigStore;
 class Database;
 
 // Translations of English source texts from table Contents (Original, Language, Translation)
-// of the kernel's database, into the language of the shared key Translator.Language (empty or
-// "English": no translation). The rows of the language in use are read once into memory and
+// of the kernel's database, into the language of the shared key Translator.Language (empty,
+// "English" or its code "ENG": no translation). The rows of the language in use are read once into memory and
 // read again when the language changes.
 class Translator : public iTranslator
 {

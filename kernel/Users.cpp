@@ -63,7 +63,8 @@ std::optional<Users::Account> Users::Find(const QString& name) const
 {
     QSqlQuery query = m_db->Query(
         QStringLiteral("SELECT ID, Password, Privilege, LastDate, Fails FROM Usuari WHERE ID = ?"), {name});
-    if (!query.next())
+    // The store compares text without regard to case; a login name must match as stored.
+    if (!query.next() || query.value(0).toString() != name)
         return std::nullopt;
     return Account{query.value(0).toString(), query.value(1).toString(), query.value(2).toInt(),
                    DateText(query.value(3)), query.value(4).toInt()};

@@ -53,7 +53,7 @@ ConfigForm::ConfigForm()
     AddButton(4, QStringLiteral("Databases"), 2, 1);
     AddButton(7, QStringLiteral("Files"), 2, 2);
     AddButton(9, QStringLiteral("Back"), 2, 3);
-    setFixedSize(640, 380);
+    setFixedSize(720, 380);
 }
 
 void ConfigForm::AddButton(int index, const QString& caption, int row, int column)
@@ -64,7 +64,7 @@ void ConfigForm::AddButton(int index, const QString& caption, int row, int colum
     button->setIcon(QIcon(Artwork::ConfigIcon(index, QSize(64, 64))));
     button->setIconSize(QSize(64, 64));
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    button->setFixedSize(136, 128);
+    button->setFixedSize(152, 128);
     connect(button, &QToolButton::clicked, this, [this, index] { Cmd_Click(index); });
     static_cast<QGridLayout*>(layout())->addWidget(button, row, column);
     m_buttons.insert(index, button);

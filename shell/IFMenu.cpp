@@ -50,9 +50,11 @@ void IFMenu::LoadControls()
             column->show();
             ElaColumn.append(column);
         };
-        // There are always exactly two columns: a third one cannot be shown.
-        addColumn(QRectF(0, 0, 50, 50));
-        addColumn(QRectF(100, 0, 50, 50));
+        // There are always exactly two columns: a third one cannot be shown. Columns and
+        // buttons stand on a pitch of 100 units; each takes most of its cell so that the
+        // captions of a studio menu fit on any screen.
+        addColumn(QRectF(0, 0, 92, 100));
+        addColumn(QRectF(100, 0, 92, 100));
 
         int k = 1;
         for (int r = 1; r <= m_items->Rows; ++r) {
@@ -63,7 +65,7 @@ void IFMenu::LoadControls()
                 button->setObjectName(QStringLiteral("CmdMenu%1").arg(k));
                 KeepUntranslated(button);
                 button->setEnabled(false);
-                ElaColumn[c - 1]->Place(button, QRectF(c * 100, r * 100, 50, 50));
+                ElaColumn[c - 1]->Place(button, QRectF(c * 100, r * 100, 92, 80));
                 button->show();
                 connect(button, &QPushButton::clicked, this, [this, k] { CmdMenu_Click(k); });
                 m_buttons.append(button);

@@ -2,11 +2,11 @@
 #include "foundation/db/DatabaseError.h"
 #include "foundation/db/DbDriver.h"
 #include "foundation/db/Recordset.h"
-#include <QHash>
 #include <QRegularExpression>
 #include <QSqlError>
 #include <QThread>
 #include <atomic>
+#include <map>
 
 namespace {
 constexpr int TransactionAttempts = 5;
@@ -31,7 +31,7 @@ struct Database::Impl
     std::unique_ptr<DbDriver> driver;
     std::unique_ptr<SqlDialect> dialect;
     QString connectionName = NextConnectionName();
-    QHash<QString, TableInfo> tables; // by lower-case name
+    std::map<QString, TableInfo> tables; // by lower-case name; entries stay where they are
     int transactionDepth = 0;
 };
 
@@ -118,18 +118,18 @@ std::unique_ptr<Recordset> Database::OpenRecordset(const QString& tableOrSql)
 const TableInfo& Database::Table(const QString& name)
 {
     const QString key = name.toLower();
-    auto found = d->tables.constFind(key);
-    if (found != d->tables.constEnd())
-        return *found;
+    auto found = d->tables.find(key);
+    if (found != d->tables.end())
+        return found->second;
     TableInfo info = d->driver->ReadTable(*this, name);
     if (info.fields.isEmpty())
         throw KernelError(QStringLiteral("Table '%1' does not exist in '%2'").arg(name, Location()));
-    return *d->tables.insert(key, std::move(info));
+    return d->tables.emplace(key, std::move(info)).first->second;
 }
 
 bool Database::HasTable(const QString& name)
 {
-    return d->tables.contains(name.toLower()) || !d->driver->ReadTable(*this, name).fields.isEmpty();
+    return d->tables.count(name.toLower()) > 0 || !d->driver->ReadTable(*this, name).fields.isEmpty();
 }
 
 void Database::Attach(const QString& location, const QString& alias)

@@ -45,8 +45,9 @@ public:
     QSqlQuery QueryNative(const QString& sql, const QVariantList& binds = {});
     // Opens a table name or an SQL text as a dynaset.
     std::unique_ptr<Recordset> OpenRecordset(const QString& tableOrSql);
-    // Field names, declared sizes and kinds of a table, read from the store once and cached.
-    // Throws KernelError when there is no such table or view.
+    // Field names, declared sizes and kinds of a table, read from the store once and cached
+    // (the reference stays valid until a schema statement or Attach). Throws KernelError when
+    // there is no such table or view.
     const TableInfo& Table(const QString& name);
     bool HasTable(const QString& name);
 

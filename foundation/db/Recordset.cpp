@@ -593,11 +593,6 @@ bool Recordset::Updatable() const
     return !d->baseTable.isEmpty();
 }
 
-QString Recordset::Source() const
-{
-    return d->sql;
-}
-
 size_t Recordset::MemoryBytes() const
 {
     return d->rows.MemoryBytes();

@@ -60,8 +60,6 @@ public:
 
     using iRecordset::Text;
     bool Updatable() const;
-    // The SELECT this recordset reads, in catalogue dialect.
-    QString Source() const;
     // Bytes held for the rows.
     size_t MemoryBytes() const;
 

@@ -159,11 +159,6 @@ void RowStore::Append(const QVariantList& values)
     m_rows.push_back(Store(Encode(values)));
 }
 
-void RowStore::Insert(int row, const QVariantList& values)
-{
-    m_rows.insert(m_rows.begin() + row, Store(Encode(values)));
-}
-
 void RowStore::Replace(int row, const QVariantList& values)
 {
     m_rows[size_t(row)] = Store(Encode(values));

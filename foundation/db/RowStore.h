@@ -22,7 +22,6 @@ public:
     // Appends the current row of an active query (columns 0..columns-1).
     void AppendFrom(const QSqlQuery& query, int columns);
     void Append(const QVariantList& values);
-    void Insert(int row, const QVariantList& values);
     void Replace(int row, const QVariantList& values);
     void Remove(int row);
 

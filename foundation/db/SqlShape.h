@@ -15,10 +15,6 @@ public:
     bool Updatable() const { return m_updatable; }
     // The first table after FROM, as named (without brackets); empty when none.
     const QString& Table() const { return m_table; }
-    const QString& SelectList() const { return m_selectList; }
-    const QString& From() const { return m_from; }
-    const QString& Where() const { return m_where; }
-    const QString& OrderBy() const { return m_orderBy; }
 
     // The select restricted further by a criteria text; a statement that cannot take another
     // condition in place is wrapped as a derived table.

@@ -12,10 +12,21 @@ bool IsWordPart(QChar c)
     return c.isLetterOrNumber() || c == u'_' || c == u'$';
 }
 
-// The two-character operators; everything else is one character.
-bool IsTwoCharSymbol(QStringView pair)
+// The two-character operators (<= >= <> != == ||); everything else is one character.
+bool IsTwoCharSymbol(QChar first, QChar second)
 {
-    return pair == u"<=" || pair == u">=" || pair == u"<>" || pair == u"!=" || pair == u"||" || pair == u"==";
+    switch (first.unicode()) {
+    case u'<':
+        return second == u'=' || second == u'>';
+    case u'>':
+    case u'!':
+    case u'=':
+        return second == u'=';
+    case u'|':
+        return second == u'|';
+    default:
+        return false;
+    }
 }
 
 [[noreturn]] void Unterminated(const char* what, const QString& sql)
@@ -30,6 +41,7 @@ public:
 
     std::vector<SqlToken> Run()
     {
+        m_tokens.reserve(size_t(m_sql.size() / 3 + 1));
         while (m_pos < m_sql.size())
             m_tokens.push_back(Next());
         return std::move(m_tokens);
@@ -88,7 +100,7 @@ private:
 
     SqlToken Symbol()
     {
-        const qsizetype length = m_pos + 1 < m_sql.size() && IsTwoCharSymbol(QStringView(m_sql).mid(m_pos, 2)) ? 2 : 1;
+        const qsizetype length = m_pos + 1 < m_sql.size() && IsTwoCharSymbol(m_sql[m_pos], m_sql[m_pos + 1]) ? 2 : 1;
         const QString text = m_sql.mid(m_pos, length);
         m_pos += length;
         return {SqlToken::Kind::Symbol, text, text};
