@@ -1,0 +1,78 @@
+#include "foundation/Ini.h"
+#include "foundation/Strings.h"
+#include "foundation/db/CatalogueSchema.h"
+#include "foundation/db/Database.h"
+#include "kernel/EmbeddedKernel.h"
+#include "kernelapi/iRecordset.h"
+#include "kernelapi/iStation.h"
+#include "kernelapi/iUser.h"
+#include "kernelapi/iUsers.h"
+#include <QTemporaryDir>
+#include <QUrl>
+#include <QUrlQuery>
+#include <gtest/gtest.h>
+
+namespace {
+// KORVANE_TEST_POSTGRES names a database of a server; the kernel's tests use a schema of
+// their own in it, which they empty and fill.
+QString ServerLocation()
+{
+    const QString uri = qEnvironmentVariable("KORVANE_TEST_POSTGRES");
+    if (uri.isEmpty())
+        return {};
+    QUrl url(uri);
+    QUrlQuery query(url);
+    query.removeAllQueryItems(QStringLiteral("schema"));
+    query.addQueryItem(QStringLiteral("schema"), QStringLiteral("korvane_kernel_tests"));
+    url.setQuery(query);
+    return url.toString();
+}
+
+void FillCatalogue(Database& db)
+{
+    CatalogueSchema::CreateSoundSchema(db);
+    CatalogueSchema::CreateUserSchema(db);
+    CatalogueSchema::CreateKernelSchema(db);
+    for (const char* table : {"Cart", "Usuari", "Config", "StationConfig", "Contents", "Application"})
+        db.Execute(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
+    db.Query(QStringLiteral("INSERT INTO Usuari (ID, Password, Privilege, Fails) VALUES ('ON AIR', ?, 0, 0)"),
+             {ScramblePassword(QStringLiteral("pw"))});
+    db.Execute(QStringLiteral("INSERT INTO Cart (ID, Descripcio, Type) VALUES ('JIN0001', 'Morning jingle', 'S')"));
+}
+
+StationFolder ServerStation(const QTemporaryDir& dir, const QString& id, const QString& location)
+{
+    const StationFolder folder(dir.path());
+    WriteIni(QStringLiteral("Station"), QStringLiteral("ID"), id, folder.StationIni());
+    WriteIni(QStringLiteral("Data"), QStringLiteral("Path"), location, folder.KernelIni());
+    return folder;
+}
+}
+
+TEST(KernelOnServer, TwoStationsShareTheCatalogueOfAServer)
+{
+    const QString location = ServerLocation();
+    if (location.isEmpty())
+        GTEST_SKIP() << "KORVANE_TEST_POSTGRES is not set";
+    FillCatalogue(*Database::Open(location, Database::OpenMode::Create));
+
+    QTemporaryDir firstDir, secondDir;
+    const auto first = EmbeddedKernel::Open(ServerStation(firstDir, QStringLiteral("ONE"), location), nullptr);
+    const auto second = EmbeddedKernel::Open(ServerStation(secondDir, QStringLiteral("TWO"), location), nullptr);
+    EXPECT_EQ(first->Station()->DatabasePath(), location);
+
+    first->SetConfig(QStringLiteral("Shared.Key"), QStringLiteral("seen by both"));
+    EXPECT_TRUE(first->SetStationConfig(QStringLiteral("GGainA"), QStringLiteral("4")));
+    second->ConfigRecordChanged(QVariant());
+    EXPECT_EQ(second->Config(QStringLiteral("Shared.Key")).toString(), "seen by both");
+    EXPECT_EQ(second->StationConfig(QStringLiteral("GGainA")).toString(), "");
+
+    EXPECT_FALSE(first->Users()->Login(QStringLiteral("ON AIR"), QStringLiteral("no")));
+    ASSERT_TRUE(second->Users()->Login(QStringLiteral("ON AIR"), QStringLiteral("pw")));
+    EXPECT_EQ(second->Users()->CurrentUser()->Fails(), "1");
+
+    auto found = first->Execute(QStringLiteral(
+        "SELECT * FROM cart WHERE ID like '%jin%'  OR Descripcio like '%jin%' OR Comentari like '%jin%'"));
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->Text(QStringLiteral("Descripcio")), "Morning jingle");
+}
