@@ -89,10 +89,11 @@ QVariant Presented(const QVariant& value, iRecordset::FieldType kind)
         return number == qlonglong(int(number)) ? QVariant(int(number)) : QVariant(number);
     }
     case Type::DateTime: {
-        const QString text = value.toString();
-        QDateTime date = QDateTime::fromString(text, Qt::ISODateWithMs);
-        if (!date.isValid())
-            date = QDateTime::fromString(text, QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+        // ISO text, with 'T' or (as SQLite's own functions write it) a blank before the time.
+        QString text = value.toString();
+        if (text.size() > 10 && text[10] == u' ')
+            text[10] = u'T';
+        const QDateTime date = QDateTime::fromString(text, Qt::ISODateWithMs);
         return date.isValid() ? QVariant(date) : value;
     }
     default:

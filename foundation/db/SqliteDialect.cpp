@@ -57,9 +57,11 @@ QVariant SqliteDialect::BindValue(const QVariant& value) const
     }
 }
 
+// The form in which the Qt driver itself stores a local date and time, so that values bound
+// directly and values written through this dialect compare alike.
 QString SqliteDialect::DateTimeText(const QDateTime& value)
 {
-    return value.toString(value.time().msec() ? QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz") : QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return value.toLocalTime().toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss.zzz"));
 }
 
 QString SqliteDialect::BooleanLiteral(bool value) const

@@ -2,7 +2,7 @@
 #include "foundation/db/SqlDialect.h"
 
 // SQLite: "Name" identifiers, 1/0 booleans, LIKE (which ignores ASCII case), char() for chr(),
-// dates stored as 'yyyy-MM-dd HH:mm:ss' text. Text "=" ignores case because the schema
+// dates stored as 'yyyy-MM-ddTHH:mm:ss.zzz' text (local time). Text "=" ignores case because the schema
 // declares every text column COLLATE NOCASE.
 class SqliteDialect : public SqlDialect
 {

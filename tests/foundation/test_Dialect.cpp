@@ -118,7 +118,7 @@ TEST(SqlDialect, TranslatesCriteriaTexts)
             {"Nom = " + SqlQuote("O'Brien"), "Nom = 'O''Brien'", "Nom = 'O''Brien'"},
             {"Tothom = True AND [Write] = False", "Tothom = 1 AND \"Write\" = 0", "Tothom = true AND \"write\" = false"},
             {"FILER_EMAIL IS NULL AND Year = 1999 AND FILED = #2001-01-31 10:00:00#",
-             "FILER_EMAIL IS NULL AND Year = 1999 AND FILED = '2001-01-31 10:00:00'",
+             "FILER_EMAIL IS NULL AND Year = 1999 AND FILED = '2001-01-31T10:00:00.000'",
              "FILER_EMAIL IS NULL AND Year = 1999 AND FILED = TIMESTAMP '2001-01-31 10:00:00.000'"},
         },
         true);

@@ -254,7 +254,7 @@ TEST_F(RecordsetTest, WritesTextTrimmedAndCutToItsSize)
 TEST_F(RecordsetTest, KeepsDatesAndNumbersAsTheirKinds)
 {
     const QDateTime start(QDate(2001, 1, 1), QTime(0, 0));
-    auto rs = m_sound->OpenRecordset("SELECT * FROM Cart WHERE ID = 'JIN0001'");
+    std::unique_ptr<Recordset> rs = m_sound->OpenRecordset("SELECT * FROM Cart WHERE ID = 'JIN0001'");
     rs->Edit();
     rs->SetValue("StartDate", start);
     rs->SetValue("Time", 123456);
@@ -263,6 +263,21 @@ TEST_F(RecordsetTest, KeepsDatesAndNumbersAsTheirKinds)
     EXPECT_EQ(rs->Value("Time"), QVariant(123456));
     rs->FindFirst("StartDate = #2001-01-01 00:00:00# AND Time > 1000");
     EXPECT_FALSE(rs->NoMatch());
+
+    // A date bound straight to the driver compares like one written here.
+    QSqlQuery direct(m_other->Connection());
+    direct.prepare("UPDATE Cart SET StartDate = ? WHERE ID = 'JIN0002'");
+    direct.addBindValue(QDateTime(QDate(2002, 2, 2), QTime(12, 30)));
+    ASSERT_TRUE(direct.exec());
+    rs = m_sound->OpenRecordset("Cart");
+    rs->FindFirst("StartDate = #2/2/2002 12:30#");
+    EXPECT_EQ(rs->Text("ID"), "JIN0002");
+
+    // A date written as SQLite's own functions write it reads as a date too.
+    m_other->Execute("UPDATE Cart SET StopDate = '2099-01-01 00:00:00' WHERE ID = 'JIN0002'");
+    rs->Requery();
+    rs->FindFirst("ID = 'JIN0002'");
+    EXPECT_EQ(rs->Value("StopDate").toDateTime(), QDateTime(QDate(2099, 1, 1), QTime(0, 0)));
 }
 
 TEST_F(RecordsetTest, RequerySeesOtherConnectionsAndReturnsToTheFirstRow)
