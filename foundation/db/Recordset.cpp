@@ -142,9 +142,7 @@ struct Recordset::Impl
     QString NativeSelect(const QString& catalogueSql) const;
     void DescribeFields(const QSqlRecord& record, const TableInfo* table);
     void Fetch(const QString& changeStamp);
-    void ReadAll(QSqlQuery& query);
     void EnsureFresh();
-    void Changed();
     void LeaveRow();
     void RequireCurrent();
     QVariant CurrentCell(int column);
@@ -154,6 +152,7 @@ struct Recordset::Impl
     QVariantList RowFrom(const QSqlQuery& query) const;
     std::optional<QVariantList> ReadRow(const QVariant& identity);
     void StoreWritten(int row, const QVariant& identity, bool append);
+    std::pair<QStringList, QVariantList> ChangedFields() const;
     void Insert();
     void UpdateCurrent();
     QByteArrayView KeyOf(int row) const;
@@ -208,19 +207,14 @@ void Recordset::Impl::DescribeFields(const QSqlRecord& record, const TableInfo* 
 void Recordset::Impl::Fetch(const QString& changeStamp)
 {
     QSqlQuery query = db.QueryNative(nativeSql);
-    ReadAll(query);
-    stamp = changeStamp;
-    fetched = true;
-}
-
-void Recordset::Impl::ReadAll(QSqlQuery& query)
-{
     rows.Clear();
     const int columns = int(fields.size()) + offset;
     while (query.next())
         rows.AppendFrom(query, columns);
     rows.Squeeze();
-    Changed();
+    ++generation;
+    stamp = changeStamp;
+    fetched = true;
 }
 
 // Reads the rows when they were never read, or when the store changed since (or cannot tell).
@@ -232,11 +226,6 @@ void Recordset::Impl::EnsureFresh()
     if (!fetched || now.isEmpty() || now != stamp)
         Fetch(now);
     stale = false;
-}
-
-void Recordset::Impl::Changed()
-{
-    ++generation;
 }
 
 void Recordset::Impl::LeaveRow()
@@ -299,20 +288,27 @@ void Recordset::Impl::StoreWritten(int row, const QVariant& identity, bool appen
         rows.Append(values);
     else
         rows.Replace(row, values);
-    Changed();
+    ++generation;
+}
+
+// The quoted names and the values of the fields set since AddNew or Edit.
+std::pair<QStringList, QVariantList> Recordset::Impl::ChangedFields() const
+{
+    QStringList names;
+    QVariantList values;
+    for (int i = 0; i < fields.size(); ++i) {
+        if (changed[i]) {
+            names << Quoted(fields[i].name);
+            values << buffer[i];
+        }
+    }
+    return {names, values};
 }
 
 void Recordset::Impl::Insert()
 {
-    QStringList names, marks;
-    QVariantList values;
-    for (int i = 0; i < fields.size(); ++i) {
-        if (!changed[i])
-            continue;
-        names << Quoted(fields[i].name);
-        marks << QStringLiteral("?");
-        values << buffer[i];
-    }
+    const auto [names, values] = ChangedFields();
+    const QStringList marks(names.size(), QStringLiteral("?"));
     const QString columns = names.isEmpty() ? QStringLiteral("DEFAULT VALUES")
                                             : QStringLiteral("(%1) VALUES (%2)").arg(names.join(u','), marks.join(u','));
     QSqlQuery query = db.QueryNative(QStringLiteral("INSERT INTO %1 %2 RETURNING %3")
@@ -326,16 +322,11 @@ void Recordset::Impl::Insert()
 
 void Recordset::Impl::UpdateCurrent()
 {
-    QStringList assignments;
-    QVariantList values;
-    for (int i = 0; i < fields.size(); ++i) {
-        if (!changed[i])
-            continue;
-        assignments << Quoted(fields[i].name) + QStringLiteral(" = ?");
-        values << buffer[i];
-    }
+    auto [assignments, values] = ChangedFields();
     if (assignments.isEmpty())
         return;
+    for (QString& assignment : assignments)
+        assignment += QStringLiteral(" = ?");
     values << CurrentCell(0);
     QSqlQuery query = db.QueryNative(QStringLiteral("UPDATE %1 SET %2 WHERE %3 RETURNING %4")
                                          .arg(Quoted(baseTable), assignments.join(QStringLiteral(", ")),
@@ -516,7 +507,7 @@ void Recordset::Delete()
     d->db.QueryNative(QStringLiteral("DELETE FROM %1 WHERE %2").arg(d->Quoted(d->baseTable), d->db.Dialect().IdentityMatch()),
                       {identity});
     d->rows.Remove(d->pos);
-    d->Changed();
+    ++d->generation;
     d->LeaveRow();
     d->onDeleted = true;
 }
