@@ -1,0 +1,27 @@
+#include "support/BenchStation.h"
+#include "tools/StationBuilder.h"
+#include "tools/StationOptions.h"
+#include <QDir>
+#include <QFileInfo>
+
+namespace BenchStation {
+namespace {
+QString Make(const QString& name, int carts)
+{
+    const QString dir = QStringLiteral(KORVANE_BIN_DIR "/../bench-stations/") + name;
+    if (QFileInfo::exists(dir + QStringLiteral("/station.ini")))
+        return QDir(dir).absolutePath();
+    QDir().mkpath(QFileInfo(dir).absolutePath());
+    StationOptions options;
+    options.dir = dir;
+    options.carts = carts;
+    StationBuilder(options).Create();
+    return QDir(dir).absolutePath();
+}
+}
+
+QString Demo()
+{
+    return Make(QStringLiteral("demo"), 0);
+}
+}
