@@ -91,13 +91,15 @@ TEST_F(KernelTest, RootHandsOutTheStationsServicesAndAlwaysTheSameObjects)
     EXPECT_TRUE(Failure([&] { files->FileLengthMs(station.IniFile()); }).endsWith("not available"));
 }
 
-TEST_F(KernelTest, StationResolutionComesFromStationIniWithADefault)
+TEST_F(KernelTest, StationDataComesFromItsIniFilesWithDefaults)
 {
     WriteIni("Resolution", "X", "1920", station.IniFile());
     WriteIni("Resolution", "Y", "1080", station.IniFile());
+    WriteIni("Data", "Path", "./data", station.KernelIniFile());
     const auto wide = Reopen()->Station();
     EXPECT_EQ(wide->ResolutionX(), 1920.0f);
     EXPECT_EQ(wide->ResolutionY(), 1080.0f);
+    EXPECT_EQ(wide->DatabasePath(), station.DataDir()) << "a relative folder is the station's, ended by '/'";
 
     WriteIni("Resolution", "X", "", station.IniFile());
     WriteIni("Resolution", "Y", "wide", station.IniFile());
