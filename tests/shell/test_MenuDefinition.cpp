@@ -1,6 +1,7 @@
 #include "ShellFixture.h"
 #include "shell/CMenuItem.h"
 #include "shell/FrmModalDelay.h"
+#include "shell/MenuForm.h"
 #include "foundation/Ini.h"
 
 TEST(MenuDefinition, ActionWordsMapAsTheMenuFileSays)
@@ -46,4 +47,25 @@ TEST_F(ModalDelayForm, AnUnknownModeSaysSo)
     form.SetDestination(1, QStringLiteral("Weekly"));
     ASSERT_EQ(dialogs->boxes.size(), 1);
     EXPECT_EQ(dialogs->boxes[0].text, QStringLiteral("Altres sincronitzacions"));
+}
+
+using PopupMenus = ShellFixture;
+
+TEST_F(PopupMenus, ColoursRememberTheClickAndCancelClearsIt)
+{
+    MenuForm* menus = MenuForm::Instance();
+    EXPECT_FALSE(menus->isVisible());
+    dialogs->popupChoices.push_back(QStringLiteral("MenuForm.UMColors(1)"));
+    menus->PopupColors({});
+    EXPECT_TRUE(menus->UMColorsChosen);
+    EXPECT_EQ(menus->UMColorsIndex, 1);
+    dialogs->popupChoices.push_back(QStringLiteral("MenuForm.UMCancel"));
+    menus->PopupColors({});
+    EXPECT_FALSE(menus->UMColorsChosen);
+
+    dialogs->popupChoices.push_back(QStringLiteral("MenuForm.ActionOnSoundRecalculateFast"));
+    EXPECT_EQ(menus->PopupActionOnSound({}), QStringLiteral("ActionOnSoundRecalculateFast"));
+    dialogs->popupChoices.push_back(QStringLiteral("MenuForm.ActionOnSoundCancel"));
+    EXPECT_TRUE(menus->PopupActionOnSound({}).isEmpty());
+    EXPECT_EQ(dialogs->menus[2].first().text, QStringLiteral("-Listen"));
 }
