@@ -20,7 +20,7 @@ ctest --test-dir "$build" --output-on-failure -j"$(nproc)" --timeout 300
 
 # Fuzz the parsers of outside text for a bounded time, from the corpus kept in the repo.
 if [ "${KORVANE_FUZZ_SECONDS:-20}" -gt 0 ] && command -v clang++ >/dev/null; then
-  CC=clang CXX=clang++ configure_and_build build/fuzz Debug -DKORVANE_FUZZ=ON -DBUILD_TESTING=OFF --
+  CC=clang CXX=clang++ configure_and_build build/fuzz RelWithDebInfo -DKORVANE_FUZZ=ON -DBUILD_TESTING=OFF --
   for fuzzer in build/fuzz/tests/fuzz/fuzz_*; do
     [ -x "$fuzzer" ] || continue
     name=$(basename "$fuzzer"); name=${name#fuzz_}
