@@ -39,11 +39,7 @@ std::shared_ptr<Database> StationDatabases::OpenFile(const QString& path)
 {
     if (!QFileInfo(path).isFile())
         throw KernelError(QStringLiteral("'%1' is missing").arg(path));
-    try {
-        return Database::Open(path);
-    } catch (const KernelError& e) {
-        throw KernelError(QStringLiteral("'%1' is not a database: %2").arg(path, e.Description()));
-    }
+    return Database::Open(path); // its refusals name the file
 }
 
 void StationDatabases::RequireTables(Database& db, const QStringList& tables)
