@@ -27,6 +27,10 @@ ensure_packages() {
   DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
 
+# ccache finds earlier compiles of the same sources even from another clone of the repo.
+export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$PWD}"
+export CCACHE_NOHASHDIR=1
+
 # configure_and_build BUILD_DIR BUILD_TYPE [cmake args...] -- [ninja targets...]
 configure_and_build() {
   local dir=$1 type=$2
