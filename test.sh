@@ -15,14 +15,12 @@ if [ "${1:-}" = "--sanitize" ]; then
   export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 fi
 
-configure_and_build "$build" Debug "${cmake_args[@]}" --
-ctest --test-dir "$build" --output-on-failure -j"$(nproc)" --timeout 300
-
-# Fuzz the parsers of outside text for a bounded time, from the corpus kept in the repo.
+# Fuzz the parsers of outside data for a bounded time, from the corpus kept in the repo. The
+# unit, widget and end-to-end tests run last, so that their summary closes the output.
 if [ "${KORVANE_FUZZ_SECONDS:-20}" -gt 0 ] && command -v clang++ >/dev/null; then
   CC=clang CXX=clang++ configure_and_build build/fuzz RelWithDebInfo -DKORVANE_FUZZ=ON -DBUILD_TESTING=OFF --
   for fuzzer in build/fuzz/tests/fuzz/fuzz_*; do
-    [ -x "$fuzzer" ] || continue
+    [ -f "$fuzzer" ] && [ -x "$fuzzer" ] || continue
     name=$(basename "$fuzzer"); name=${name#fuzz_}
     scratch=$(mktemp -d)
     "$fuzzer" -max_total_time="${KORVANE_FUZZ_SECONDS:-20}" -timeout=5 "$scratch" "tests/fuzz/corpus/$name" >"build/fuzz/$name.log" 2>&1 \
@@ -31,3 +29,6 @@ if [ "${KORVANE_FUZZ_SECONDS:-20}" -gt 0 ] && command -v clang++ >/dev/null; the
     echo "fuzz_$name: clean for ${KORVANE_FUZZ_SECONDS:-20} s"
   done
 fi
+
+configure_and_build "$build" Debug "${cmake_args[@]}" --
+ctest --test-dir "$build" --output-on-failure -j"$(nproc)" --timeout 300
