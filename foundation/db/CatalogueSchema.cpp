@@ -145,6 +145,12 @@ std::vector<Table> KernelTables()
         {"Contents", {Text("Original", 255, "NOT NULL"), Text("Language", 20, "NOT NULL"), Text("Translation", 255)},
          {"Original", "Language"}, {}},
         {"Application", {Text("Name", 50), Text("Version", 20), Text("OpenText", 50), Text("ClosedText", 50)}, {}, {}},
+        // The marks of a sound as they were before an edit, for the sound's Restore.
+        {"SoundBackup",
+         {Text("ID", 7, "NOT NULL"), Integer("Start", "DEFAULT 0"), Integer("Stop", "DEFAULT 0"),
+          Integer("StartMark", "DEFAULT 0"), Integer("StopMark", "DEFAULT 0")},
+         {"ID"},
+         {}},
         {"Filters",
          {Text("ProgramName", 50, "NOT NULL"), Text("FilterName", 50, "NOT NULL"), Text("WhereClause", 0),
           Text("OrderByClause", 0)},
