@@ -1,0 +1,35 @@
+#pragma once
+#include <QList>
+#include <QString>
+
+class KernelLog;
+
+// The audio settings of a station's kernel.ini:
+//   [Audio]      SampleRate=48000  PeriodFrames=256  ExpiringSeconds=10  Clock=realtime|virtual
+//   [Channel_A]  Device=<PortAudio device name, "default" or "null">  Streams=3  Direction=play|record
+// Channels come in the order of their sections. With no channel section the station has "A"
+// and "B" (three streams each) and "Rec" (recording), all on the Null device. A bad value is
+// reported as an ERROR line and its default used. Clock=virtual puts every channel on a Null
+// device whose time moves only when the program advances it (tests, offline rendering).
+class AudioSettings
+{
+public:
+    struct Channel
+    {
+        QString name;
+        QString device = QStringLiteral("null");
+        int streams = 3;
+        bool records = false;
+    };
+
+    int sampleRate = 48000;
+    int periodFrames = 256;
+    int expiringMs = 10000; // a playing cart with less left than this is Expiring
+    bool virtualClock = false;
+    QList<Channel> channels = DefaultChannels();
+
+    static AudioSettings Read(const QString& kernelIni, const KernelLog& log);
+    static QList<Channel> DefaultChannels();
+
+    static bool IsNullDevice(const QString& device);
+};

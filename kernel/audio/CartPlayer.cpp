@@ -1,0 +1,555 @@
+#include "kernel/audio/CartPlayer.h"
+#include "foundation/Strings.h"
+#include "kernel/audio/AudioEngine.h"
+#include "kernel/audio/ChannelMix.h"
+#include "kernel/audio/EngineEvent.h"
+#include "kernelapi/KernelError.h"
+#include "kernelapi/iCart.h"
+#include "kernelapi/iObjectWithProperties.h"
+#include "kernelapi/iStream.h"
+#include <algorithm>
+#include <cmath>
+
+namespace {
+const QString Object = QStringLiteral("CartPlayer");
+
+// Runs work for the engine's drain, which must go on whatever one player does: a failure
+// becomes an ERROR line.
+template <typename Work> void Safely(const KernelLog& log, const char* procedure, Work work)
+{
+    try {
+        work();
+    } catch (const KernelError& e) {
+        log.Error(Object, QLatin1String(procedure), e.Description());
+    } catch (const std::exception& e) {
+        log.Error(Object, QLatin1String(procedure), QString::fromUtf8(e.what()));
+    }
+}
+}
+
+CartPlayer::CartPlayer(std::shared_ptr<AudioEngine> engine, int channel, int stream,
+                       std::shared_ptr<const MacroSource> macros, KernelLog log)
+    : m_engine(std::move(engine)), m_channel(channel), m_mix(m_engine->Channel(channel).Stream(stream)),
+      m_macros(std::move(macros)), m_log(std::move(log))
+{
+    m_engine->Listen(this, {m_mix.VoiceAt(0).Id(), m_mix.VoiceAt(1).Id()});
+}
+
+CartPlayer::~CartPlayer()
+{
+    m_engine->Unlisten(this);
+    Front().Halt();
+    Other().Halt();
+}
+
+Voice& CartPlayer::Front() const
+{
+    return m_mix.VoiceAt(m_front);
+}
+
+Voice& CartPlayer::Other() const
+{
+    return m_mix.VoiceAt(1 - m_front);
+}
+
+// --- loading ---
+
+void CartPlayer::Load(const std::shared_ptr<iCart>& cart)
+{
+    LoadQueue(PlayQueue::OfCart(cart, *m_macros));
+}
+
+void CartPlayer::Load(const std::shared_ptr<iPlayList>& playList)
+{
+    LoadQueue(PlayQueue::OfPlayList(playList));
+}
+
+void CartPlayer::LoadSource(const PlaySource& source, const QString& title)
+{
+    LoadQueue(PlayQueue::OfSource(source, title));
+}
+
+// The new queue is prepared on the other voice; what sounds now goes on sounding until the
+// next command, so that Play(chained) can follow it.
+void CartPlayer::LoadQueue(PlayQueue queue)
+{
+    PrepareVoice(Other(), queue.Current(), 0);
+    if (Sounding()) {
+        m_otherRole = Role::Outgoing;
+    } else {
+        Front().Halt();
+        m_otherRole = Role::Idle;
+    }
+    m_front = 1 - m_front;
+    m_queue = std::move(queue);
+    m_cue = 0;
+    ReportTruncated();
+    m_volume = CartDefaultVolume();
+    ApplyGain();
+    SetTitle(m_queue.Current().title);
+    Q_EMIT VolumeChanged(m_volume);
+    PublishTime();
+    SetStatus(CartPlayerStatus::Cued);
+}
+
+void CartPlayer::PrepareVoice(Voice& voice, const PlayStep& step, int position)
+{
+    voice.SetLoop(m_loop || step.loop);
+    voice.SetGain(Gain());
+    voice.Prepare(step.source, std::max(step.source.startMs, 0) + position);
+    m_engine->WakeDisk();
+}
+
+// Prepares the step at position on the other voice and makes it the front; the old front
+// fades out.
+void CartPlayer::Switch(const PlayStep& step, int position)
+{
+    PrepareVoice(Other(), step, position);
+    Front().Halt();
+    m_front = 1 - m_front;
+    m_otherRole = Role::Idle;
+}
+
+void CartPlayer::Eject()
+{
+    Front().Halt();
+    Other().Halt();
+    m_queue = PlayQueue();
+    m_otherRole = Role::Idle;
+    m_cue = 0;
+    SetTitle(QString());
+    SetStatus(CartPlayerStatus::Ready);
+}
+
+// --- transport ---
+
+void CartPlayer::Play(bool chained, bool, const std::shared_ptr<iStream>& preferredStream, bool, qint32)
+{
+    if (preferredStream && preferredStream != Stream()) {
+        PlayOn(preferredStream, chained);
+        return;
+    }
+    RequireLoaded();
+    switch (m_status) {
+    case CartPlayerStatus::Playing:
+    case CartPlayerStatus::Expiring:
+    case CartPlayerStatus::Sync:
+        return;
+    case CartPlayerStatus::Paused:
+        Front().Start(false);
+        break;
+    default:
+        if (!Front().Prepared())
+            Switch(m_queue.Current(), m_cue);
+        if (chained && m_otherRole == Role::Outgoing) {
+            Front().Start(true);
+        } else {
+            StopOutgoing();
+            Front().Start(false);
+        }
+    }
+    m_queue.Started();
+    EnterPlaying();
+}
+
+void CartPlayer::PlayOn(const std::shared_ptr<iStream>& stream, bool chained)
+{
+    RequireLoaded();
+    const std::shared_ptr<iCartPlayer> player = stream->CartPlayer();
+    if (!player)
+        throw KernelError(QStringLiteral("Stream %1 has no player").arg(stream->Name()));
+    if (!Cart())
+        throw KernelError(QStringLiteral("Only a cart can be played on another stream"));
+    player->Load(Cart());
+    player->Play(chained);
+}
+
+void CartPlayer::Pause()
+{
+    if (Sounding()) {
+        Front().Halt();
+        StopOutgoing();
+        DisarmNext();
+        PublishTime();
+        SetStatus(CartPlayerStatus::Paused);
+    } else if (m_status == CartPlayerStatus::Paused) {
+        Front().Start(false);
+        EnterPlaying();
+    }
+}
+
+void CartPlayer::Stop()
+{
+    StopOutgoing();
+    DisarmNext();
+    if (Loaded() && (Sounding() || m_status == CartPlayerStatus::Paused))
+        Rest();
+}
+
+void CartPlayer::Cue()
+{
+    ToCued(m_cue);
+}
+
+void CartPlayer::Recue()
+{
+    ToCued(0);
+}
+
+void CartPlayer::SetPosition(qint32 position)
+{
+    ToCued(std::clamp(position, 0, std::max(0, Length() - 1)));
+}
+
+void CartPlayer::ToCued(int position)
+{
+    RequireLoaded();
+    StopOutgoing();
+    DisarmNext();
+    Switch(m_queue.Current(), position);
+    m_cue = position;
+    PublishTime();
+    SetStatus(CartPlayerStatus::Cued);
+}
+
+// One step of winding: a playing player jumps and plays on, a paused one stays paused at the
+// new place, and one at rest cues there, Cueing until the winding stops.
+void CartPlayer::Wind(int delta)
+{
+    RequireLoaded();
+    const int target = std::clamp(ShownPosition() + delta, 0, std::max(0, Length() - 1));
+    const bool sounding = Sounding();
+    StopOutgoing();
+    DisarmNext();
+    Switch(m_queue.Current(), target);
+    if (sounding) {
+        Front().Start(false);
+        EnterPlaying();
+    } else if (m_status == CartPlayerStatus::Paused) {
+        PublishTime();
+    } else {
+        m_cue = target;
+        m_windClockMs = ClockMs();
+        PublishTime();
+        SetStatus(CartPlayerStatus::Cueing);
+    }
+}
+
+void CartPlayer::Skip()
+{
+    RequireLoaded();
+    const bool sounding = Sounding();
+    if (const std::optional<PlayStep> next = m_queue.Next())
+        StartNextStep(*next, sounding);
+    else if (sounding || m_status == CartPlayerStatus::Paused)
+        Finish();
+}
+
+void CartPlayer::StartNextStep(const PlayStep& step, bool sounding)
+{
+    StopOutgoing();
+    DisarmNext();
+    Switch(step, 0);
+    m_queue.Advance();
+    m_cue = 0;
+    if (sounding) {
+        Front().Start(false);
+        m_queue.Started();
+        SetTitle(step.title);
+        EnterPlaying();
+    } else {
+        SetTitle(step.title);
+        PublishTime();
+        SetStatus(CartPlayerStatus::Cued);
+    }
+}
+
+// --- what the engine reports ---
+
+void CartPlayer::OnEngineEvent(const EngineEvent& event)
+{
+    const bool front = event.voice == Front().Id();
+    const Voice& voice = front ? Front() : Other();
+    if (!Loaded() || event.generation != voice.Generation())
+        return; // about an earlier preparation of the voice, or a cart since ejected
+    Safely(m_log, "OnEngineEvent", [&] {
+        switch (event.kind) {
+        case EngineEvent::Kind::Ended:
+            if (front)
+                StepEnded();
+            else if (m_otherRole == Role::Outgoing)
+                m_otherRole = Role::Idle;
+            break;
+        case EngineEvent::Kind::Started:
+            if (!front && m_otherRole == Role::Next)
+                NextStarted();
+            else if (front && m_otherRole == Role::Outgoing)
+                m_otherRole = Role::Idle; // what it was chained behind has ended
+            break;
+        case EngineEvent::Kind::ReadFailed:
+            m_log.Error(Object, QStringLiteral("Play"),
+                        QStringLiteral("Sound file '%1' stopped giving audio before its end").arg(voice.FileName()));
+            break;
+        }
+    });
+}
+
+void CartPlayer::OnEngineTick()
+{
+    Safely(m_log, "OnEngineTick", [&] {
+        if (m_status == CartPlayerStatus::Cueing && ClockMs() - m_windClockMs >= WindSettleMs) {
+            PublishTime();
+            SetStatus(CartPlayerStatus::Cued);
+        }
+        if (!Sounding())
+            return;
+        if (m_otherRole == Role::Idle)
+            ArmNext();
+        if (FrontPosition() / 100 != m_shownTenth)
+            PublishTime();
+        SetStatus(PlayingStatus());
+    });
+}
+
+// The front has played its last frame. A step armed behind it is sounding already (its
+// Started event follows); otherwise the next step is started or cued, passing over steps that
+// cannot be played, and after the last one the player comes to rest.
+void CartPlayer::StepEnded()
+{
+    if (m_otherRole == Role::Next)
+        return;
+    const bool goesOn = m_queue.GoesOnByItself();
+    while (const std::optional<PlayStep> next = m_queue.Next()) {
+        try {
+            StartNextStep(*next, goesOn);
+            return;
+        } catch (const KernelError& e) {
+            m_log.Error(Object, QStringLiteral("StepEnded"), e.Description());
+            m_queue.Advance();
+        }
+    }
+    Finish();
+}
+
+void CartPlayer::NextStarted()
+{
+    m_front = 1 - m_front;
+    m_otherRole = Role::Idle;
+    m_queue.Advance();
+    m_queue.Started();
+    m_cue = 0;
+    SetTitle(m_queue.Current().title);
+    EnterPlaying();
+}
+
+void CartPlayer::Finish()
+{
+    StopOutgoing();
+    DisarmNext();
+    m_queue.Restart();
+    m_cue = 0;
+    Rest();
+}
+
+// Silences the player and cues it again at the cue point, Ready for the next Play.
+void CartPlayer::Rest()
+{
+    Front().Halt();
+    try {
+        Switch(m_queue.Current(), m_cue);
+    } catch (const KernelError& e) {
+        m_log.Error(Object, QStringLiteral("Rest"), e.Description());
+    }
+    SetTitle(m_queue.Current().title);
+    SetStatus(CartPlayerStatus::Ready);
+}
+
+// Puts the next step of a macro or chained playlist on the other voice, chained to start on
+// the frame the front ends. Runs from the tick, so that a voice that was just halted has
+// finished its fade before it is used again.
+void CartPlayer::ArmNext()
+{
+    if (Loops() || !m_queue.GoesOnByItself())
+        return;
+    const std::optional<PlayStep> next = m_queue.Next();
+    if (!next)
+        return;
+    try {
+        PrepareVoice(Other(), *next, 0);
+        Other().Start(true);
+        m_otherRole = Role::Next;
+    } catch (const KernelError& e) {
+        m_log.Error(Object, QStringLiteral("ArmNext"), e.Description());
+    }
+}
+
+void CartPlayer::DisarmNext()
+{
+    if (m_otherRole != Role::Next)
+        return;
+    Other().Halt();
+    m_otherRole = Role::Idle;
+}
+
+void CartPlayer::StopOutgoing()
+{
+    if (m_otherRole != Role::Outgoing)
+        return;
+    Other().Halt();
+    m_otherRole = Role::Idle;
+}
+
+// Playing first, also near the end: the tick turns it to Expiring.
+void CartPlayer::EnterPlaying()
+{
+    PublishTime();
+    SetStatus(CartPlayerStatus::Playing);
+}
+
+void CartPlayer::RequireLoaded() const
+{
+    if (!Loaded())
+        throw KernelError(QStringLiteral("No cart is loaded in the player"));
+}
+
+// --- state ---
+
+bool CartPlayer::Sounding() const
+{
+    return m_status == CartPlayerStatus::Playing || m_status == CartPlayerStatus::Expiring;
+}
+
+CartPlayerStatus CartPlayer::PlayingStatus() const
+{
+    const bool nearEnd = Length() - FrontPosition() <= m_engine->Settings().expiringMs;
+    return nearEnd && !Loops() && m_otherRole != Role::Next ? CartPlayerStatus::Expiring : CartPlayerStatus::Playing;
+}
+
+bool CartPlayer::Loops() const
+{
+    return m_loop || (Loaded() && m_queue.Current().loop);
+}
+
+void CartPlayer::SetLoop(bool loop)
+{
+    m_loop = loop;
+    Front().SetLoop(Loops());
+    if (loop)
+        DisarmNext();
+}
+
+int CartPlayer::Length() const
+{
+    return Front().Prepared() ? Front().StopMs() - Front().StartMs() : 0;
+}
+
+int CartPlayer::FrontPosition() const
+{
+    return Front().Prepared() ? Front().PositionMs() - Front().StartMs() : 0;
+}
+
+// The position the time display is about: where the sound is while it plays or pauses, the
+// cue point otherwise.
+int CartPlayer::ShownPosition() const
+{
+    return Sounding() || m_status == CartPlayerStatus::Paused ? FrontPosition() : m_cue;
+}
+
+std::int64_t CartPlayer::ClockMs() const
+{
+    return m_engine->ClockMs(m_channel);
+}
+
+std::uint64_t CartPlayer::Underruns() const
+{
+    return Front().Underruns() + Other().Underruns();
+}
+
+// --- volume ---
+
+void CartPlayer::SetVolume(qint16 volume)
+{
+    m_volume = std::clamp(volume, SilenceDb, MaxVolumeDb);
+    ApplyGain();
+    Q_EMIT VolumeChanged(m_volume);
+}
+
+float CartPlayer::Gain() const
+{
+    return m_volume <= SilenceDb ? 0.0f : std::pow(10.0f, static_cast<float>(m_volume) / 20.0f);
+}
+
+// An old cart still sounding after a Load keeps the volume it had.
+void CartPlayer::ApplyGain()
+{
+    Front().SetGain(Gain());
+    if (m_otherRole != Role::Outgoing)
+        Other().SetGain(Gain());
+}
+
+qint16 CartPlayer::CartDefaultVolume() const
+{
+    const std::shared_ptr<iCart> cart = Cart();
+    if (!cart)
+        return 0;
+    try {
+        const std::shared_ptr<iObjectWithProperties> properties = cart->Properties();
+        bool number = false;
+        const int volume = properties ? properties->Property(DefaultVolumeProperty).toInt(&number) : 0;
+        return number ? static_cast<qint16>(std::clamp<int>(volume, SilenceDb, MaxVolumeDb)) : 0;
+    } catch (const KernelError& e) {
+        m_log.Warn(Object, QStringLiteral("CartDefaultVolume"), e.Description() + QStringLiteral("; 0 dB is used"));
+        return 0;
+    }
+}
+
+void CartPlayer::SaveDefaultVolume()
+{
+    RequireLoaded();
+    const std::shared_ptr<iCart> cart = Cart();
+    const std::shared_ptr<iObjectWithProperties> properties = cart ? cart->Properties() : nullptr;
+    if (!properties)
+        throw KernelError(QStringLiteral("The player holds no cart to keep a default volume"));
+    properties->SetProperty(DefaultVolumeProperty, static_cast<int>(m_volume));
+    cart->Save();
+}
+
+// --- events ---
+
+void CartPlayer::SetStatus(CartPlayerStatus status)
+{
+    if (m_status == status)
+        return;
+    m_status = status;
+    Q_EMIT StatusChanged(static_cast<qint32>(status));
+}
+
+void CartPlayer::SetTitle(const QString& title)
+{
+    if (m_title == title)
+        return;
+    m_title = title;
+    Q_EMIT DisplayTitleChanged(title);
+}
+
+// Elapsed and remaining time as running texts, the share still to go, and while sounding the
+// position for a play cursor.
+void CartPlayer::PublishTime()
+{
+    const int length = Length();
+    const int position = std::clamp(ShownPosition(), 0, length);
+    const int left = length - position;
+    m_shownTenth = position / 100;
+    Q_EMIT DisplayTimeChanged(MsToHuman(position), MsToHuman(-left));
+    Q_EMIT PercentToGoChanged(length > 0 ? 100.0f * static_cast<float>(left) / static_cast<float>(length) : 0.0f);
+    if (Sounding())
+        Q_EMIT PlayPosition(position);
+}
+
+void CartPlayer::ReportTruncated() const
+{
+    if (Front().Truncated())
+        m_log.Error(Object, QStringLiteral("Load"),
+                    QStringLiteral("Sound file '%1' holds less audio than its header announces: it plays up to where it breaks off")
+                        .arg(Front().FileName()));
+}

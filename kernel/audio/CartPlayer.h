@@ -1,0 +1,137 @@
+#pragma once
+#include "kernel/KernelLog.h"
+#include "kernel/audio/EngineListener.h"
+#include "kernel/audio/PlayQueue.h"
+#include "kernelapi/iCartPlayer.h"
+#include <cstdint>
+#include <memory>
+
+class AudioEngine;
+class StreamMix;
+class Voice;
+
+// The player of one stream. It plays a sound cart between its marks, the sound steps of a
+// macro one into the next without a gap, or the rows of a playlist; positions are ms from the
+// start mark of the sound that plays. Of the stream's two voices the "front" one holds what
+// the status is about; the other fades out what went before, keeps sounding an old cart after
+// a Load until the next command (so that Play(chained) can follow it without a gap), or holds
+// the next step of a macro or chained playlist ready to start on the frame the front ends.
+//
+// Status: Ready (empty, or at rest after a stop or the end), Cued (Load, Cue, Recue, Position),
+// Cueing (while FastForward or Rewind wind a player at rest; Cued again WindSettleMs after the
+// last step), Playing, Paused, Expiring (playing, not looping, nothing following by itself, and
+// less than the station's ExpiringSeconds left). Sync is never entered: the embedded kernel has
+// no source to follow. The cart's default volume is its property "DefaultVolume" (dB), 0 dB
+// when absent; Load applies it.
+class CartPlayer : public iCartPlayer, private EngineListener
+{
+    Q_OBJECT
+public:
+    using MacroSource = PlayQueue::MacroSource;
+    static constexpr int WindSettleMs = 250;
+    static constexpr qint16 SilenceDb = -110;
+    static constexpr qint16 MaxVolumeDb = 18;
+    static inline const QString DefaultVolumeProperty = QStringLiteral("DefaultVolume");
+
+    // macros: reads a macro by its cart ID; an empty function once the kernel is gone.
+    CartPlayer(std::shared_ptr<AudioEngine> engine, int channel, int stream, std::shared_ptr<const MacroSource> macros,
+               KernelLog log);
+    ~CartPlayer() override;
+    void SetStream(std::weak_ptr<iStream> stream) { m_stream = std::move(stream); }
+
+    bool Loaded() const override { return !m_queue.Empty(); }
+    std::shared_ptr<iStream> Stream() const override { return m_stream.lock(); }
+    bool Loop() const override { return m_loop; }
+    void SetLoop(bool loop) override;
+    qint16 Volume() const override { return m_volume; }
+    void SetVolume(qint16 volume) override;
+    qint32 CuePosition() const override { return m_cue; }
+    qint32 CueRemaining() const override { return Length() - m_cue; }
+    void SetPosition(qint32 position) override;
+    qint32 PausePosition() const override { return FrontPosition(); }
+    qint32 PauseRemaining() const override { return Length() - FrontPosition(); }
+    using iCartPlayer::PlayPosition;
+    qint32 PlayPosition() const override { return FrontPosition(); }
+    qint32 Status() const override { return static_cast<qint32>(m_status); }
+    QString DisplayTitle() const override { return m_title; }
+    std::shared_ptr<iCart> Cart() const override { return m_queue.Cart(); }
+    void VolumeToZero() override { SetVolume(0); }
+    void VolumeToCartDefault() override { SetVolume(CartDefaultVolume()); }
+    void SaveDefaultVolume() override;
+    void Load(const std::shared_ptr<iCart>& cart) override;
+    void Load(const std::shared_ptr<iPlayList>& playList) override;
+    void Play(bool chained = false, bool reserved = false, const std::shared_ptr<iStream>& preferredStream = nullptr,
+              bool immediate = false, qint32 latency = 2000) override;
+    void Pause() override;
+    void Eject() override;
+    void Cue() override;
+    void Recue() override;
+    void FastForward(qint32 speed) override { Wind(speed); }
+    void Rewind(qint32 speed) override { Wind(-speed); }
+    void Skip() override;
+    void Stop() override;
+
+    // Loads a stretch of a sound file with no cart behind it (previews, tests).
+    void LoadSource(const PlaySource& source, const QString& title);
+    // Callbacks that found the front voice's ring empty while it should sound.
+    std::uint64_t Underruns() const;
+
+private:
+    enum class Role { Idle, Outgoing, Next };
+
+    void OnEngineEvent(const EngineEvent& event) override;
+    void OnEngineTick() override;
+
+    Voice& Front() const;
+    Voice& Other() const;
+    void LoadQueue(PlayQueue queue);
+    void PrepareVoice(Voice& voice, const PlayStep& step, int position);
+    void Switch(const PlayStep& step, int position);
+    void ToCued(int position);
+    void Wind(int delta);
+    void StartNextStep(const PlayStep& step, bool sounding);
+    void PlayOn(const std::shared_ptr<iStream>& stream, bool chained);
+    void StepEnded();
+    void NextStarted();
+    void Finish();
+    void Rest();
+    void ArmNext();
+    void DisarmNext();
+    void StopOutgoing();
+    void EnterPlaying();
+    void RequireLoaded() const;
+
+    bool Sounding() const;
+    CartPlayerStatus PlayingStatus() const;
+    bool Loops() const;
+    int Length() const;
+    int FrontPosition() const;
+    int ShownPosition() const;
+    float Gain() const;
+    void ApplyGain();
+    qint16 CartDefaultVolume() const;
+    std::int64_t ClockMs() const;
+
+    void SetStatus(CartPlayerStatus status);
+    void SetTitle(const QString& title);
+    void PublishTime();
+    void ReportTruncated() const;
+
+    std::shared_ptr<AudioEngine> m_engine;
+    const int m_channel;
+    StreamMix& m_mix;
+    std::shared_ptr<const MacroSource> m_macros;
+    KernelLog m_log;
+    std::weak_ptr<iStream> m_stream;
+
+    PlayQueue m_queue;
+    int m_front = 0;
+    Role m_otherRole = Role::Idle;
+    CartPlayerStatus m_status = CartPlayerStatus::Ready;
+    QString m_title;
+    int m_cue = 0;
+    bool m_loop = false;
+    qint16 m_volume = 0;
+    int m_shownTenth = -1;
+    std::int64_t m_windClockMs = 0;
+};

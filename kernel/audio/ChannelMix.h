@@ -1,0 +1,32 @@
+#pragma once
+#include "kernel/audio/EngineEvent.h"
+#include "kernel/audio/PeakMeter.h"
+#include "kernel/audio/StreamMix.h"
+#include <memory>
+#include <vector>
+
+// The audio side of one channel: its streams summed onto a bus that is measured and added to
+// the device's output, or, on a recording channel, the device's input measured.
+class ChannelMix
+{
+public:
+    // Voices of a playing channel are numbered from firstVoiceId on.
+    ChannelMix(int streams, bool records, int firstVoiceId, int sampleRate);
+
+    bool Records() const { return m_records; }
+    int StreamCount() const { return static_cast<int>(m_streams.size()); }
+    StreamMix& Stream(int index) { return *m_streams[static_cast<std::size_t>(index)]; }
+    const PeakMeter& Meter() const { return m_meter; }
+    // How many voice numbers the channel takes.
+    int VoiceCount() const { return m_records ? 0 : StreamCount() * StreamMix::VoiceCount; }
+
+    // Audio callback, at most Voice::MaxRenderFrames at a time: a playing channel adds its mix
+    // to the stereo output; a recording one measures the input (silence when there is none).
+    void Process(const float* input, int inputChannels, float* output, int frames, EngineEvents& events);
+
+private:
+    const bool m_records;
+    std::vector<std::unique_ptr<StreamMix>> m_streams;
+    std::vector<float> m_bus;
+    PeakMeter m_meter;
+};

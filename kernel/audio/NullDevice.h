@@ -1,0 +1,44 @@
+#pragma once
+#include "kernel/audio/AudioDevice.h"
+#include <atomic>
+#include <thread>
+#include <vector>
+
+// A device with no hardware. On the real-time clock its own thread calls the callback once a
+// period, keeping real time, and throws the output away. On the virtual clock nothing runs by
+// itself: Advance calls the callback on the calling thread, so that tests step time exactly
+// and never wait. Its input is silence.
+class NullDevice : public AudioDevice
+{
+public:
+    enum class Clock { RealTime, Virtual };
+
+    NullDevice(int sampleRate, int periodFrames, int inputChannels, Clock clock);
+    ~NullDevice() override;
+
+    QString Name() const override { return QStringLiteral("null"); }
+    int InputChannels() const override { return m_inputChannels; }
+    void Start(AudioCallback* callback) override;
+    void Stop() override;
+    bool Running() const override { return m_running.load(std::memory_order_acquire); }
+
+    // Virtual clock: runs the callback for that many frames, a period at a time.
+    void Advance(long long frames);
+    int PeriodFrames() const { return m_periodFrames; }
+    // What the last period put out, interleaved stereo.
+    const std::vector<float>& Output() const { return m_output; }
+
+private:
+    void RunPeriod(int frames);
+    void RealTimeLoop();
+
+    const int m_sampleRate;
+    const int m_periodFrames;
+    const int m_inputChannels;
+    const Clock m_clock;
+    AudioCallback* m_callback = nullptr;
+    std::vector<float> m_input;
+    std::vector<float> m_output;
+    std::atomic<bool> m_running{false};
+    std::thread m_thread;
+};

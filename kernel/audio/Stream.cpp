@@ -1,0 +1,44 @@
+#include "kernel/audio/Stream.h"
+#include "kernel/audio/AudioEngine.h"
+#include "kernel/audio/CartPlayer.h"
+#include "kernel/audio/ChannelMix.h"
+#include "kernelapi/KernelError.h"
+
+std::shared_ptr<Stream> Stream::Create(std::shared_ptr<AudioEngine> engine, int channel, int index,
+                                       std::shared_ptr<const PlayQueue::MacroSource> macros, const KernelLog& log)
+{
+    std::shared_ptr<Stream> stream(new Stream(engine, channel, index));
+    if (!engine->Channel(channel).Records()) {
+        stream->m_player = std::make_shared<::CartPlayer>(engine, channel, index, std::move(macros), log);
+        stream->m_player->SetStream(stream);
+    }
+    return stream;
+}
+
+// Streams are named after their channel and place: "A1", "A2", ...
+Stream::Stream(std::shared_ptr<AudioEngine> engine, int channel, int index)
+    : m_engine(std::move(engine)), m_channel(channel), m_index(index),
+      m_name(m_engine->Settings().channels[channel].name + QString::number(index + 1))
+{
+}
+
+// A recording stream shows the level of what comes in.
+AudioLevels Stream::GetLevels() const
+{
+    ChannelMix& channel = m_engine->Channel(m_channel);
+    AudioLevels levels = channel.Records() ? channel.Meter().Read() : channel.Stream(m_index).Meter().Read();
+    levels.valid = levels.valid && m_engine->ChannelOn(m_channel);
+    return levels;
+}
+
+std::shared_ptr<iCartPlayer> Stream::CartPlayer() const
+{
+    return m_player;
+}
+
+std::shared_ptr<iCartRecorder> Stream::CartRecorder() const
+{
+    if (m_player)
+        return nullptr;
+    throw NotAvailable("iStream.CartRecorder");
+}
