@@ -8,6 +8,7 @@
 #include "kernel/StationDatabases.h"
 #include "kernel/Translator.h"
 #include "kernel/Users.h"
+#include "kernel/audio/Channels.h"
 #include "kernelapi/KernelError.h"
 #include <QRegularExpression>
 
@@ -55,7 +56,19 @@ EmbeddedKernel::EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log
     m_files = std::make_shared<::Files>();
 }
 
-EmbeddedKernel::~EmbeddedKernel() = default;
+EmbeddedKernel::~EmbeddedKernel()
+{
+    if (m_channels)
+        m_channels->ForgetKernel();
+}
+
+std::shared_ptr<iChannels> EmbeddedKernel::Channels()
+{
+    if (!m_channels)
+        m_channels = std::make_shared<::Channels>(AudioSettings::Read(m_station->Folder().KernelIni(), m_log), m_log,
+                                                  [this](const QString& cartID) { return MacroByID(cartID); });
+    return m_channels;
+}
 
 std::shared_ptr<iFiles> EmbeddedKernel::Files() { return m_files; }
 std::shared_ptr<iStation> EmbeddedKernel::Station() { return m_station; }
@@ -134,7 +147,6 @@ void EmbeddedKernel::AutomaticLogin()
 }
 
 // Parts of the kernel that later work provides.
-std::shared_ptr<iChannels> EmbeddedKernel::Channels() { throw NotAvailable("CKernel.Channels"); }
 std::shared_ptr<iFamilies> EmbeddedKernel::Families() { throw NotAvailable("CKernel.Families"); }
 std::shared_ptr<iCdRoms> EmbeddedKernel::CdRoms() { throw NotAvailable("CKernel.CdRoms"); }
 std::shared_ptr<iMacro> EmbeddedKernel::MacroByID(const QString&) { throw NotAvailable("CKernel.MacroByID"); }

@@ -4,6 +4,7 @@
 #include "kernelapi/CKernel.h"
 
 class Application;
+class Channels;
 class ConfigStore;
 class Database;
 class Files;
@@ -66,4 +67,5 @@ private:
     std::shared_ptr<::Users> m_users;
     std::shared_ptr<::Application> m_application;
     std::shared_ptr<::Files> m_files;
+    std::shared_ptr<::Channels> m_channels; // the audio engine starts on first use
 };
