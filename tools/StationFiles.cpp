@@ -59,9 +59,29 @@ QString StationFiles::KernelIniText()
         "Path=\n"
         "\n"
         "[Audio]\n"
-        "; Audio devices, channels and streams. With nothing configured the channels A and B\n"
-        "; (three streams each) and Rec run on the Null device, which keeps real time with no\n"
-        "; hardware.\n");
+        "SampleRate=48000\n"
+        "PeriodFrames=256\n"
+        "; A playing cart with less than this left is shown as expiring.\n"
+        "ExpiringSeconds=10\n"
+        "\n"
+        "; One section per channel, in order. Device: a PortAudio device name, \"default\", or\n"
+        "; \"null\" for the Null device, which keeps real time with no hardware. A device that is\n"
+        "; absent or goes away is replaced by the Null device, with an ERROR line in the log.\n"
+        "; With no channel section at all, A, B and Rec run on the Null device.\n"
+        "[Channel_A]\n"
+        "Device=null\n"
+        "Streams=3\n"
+        "Direction=play\n"
+        "\n"
+        "[Channel_B]\n"
+        "Device=null\n"
+        "Streams=3\n"
+        "Direction=play\n"
+        "\n"
+        "[Channel_Rec]\n"
+        "Device=null\n"
+        "Streams=1\n"
+        "Direction=record\n");
 }
 
 void StationFiles::WriteText(const QString& path, const QString& text)
