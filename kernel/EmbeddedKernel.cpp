@@ -2,6 +2,10 @@
 #include "foundation/db/Database.h"
 #include "foundation/db/Recordset.h"
 #include "kernel/Application.h"
+#include "kernel/CartWorld.h"
+#include "kernel/Carts.h"
+#include "kernel/Families.h"
+#include "kernel/PlayLists.h"
 #include "kernel/ConfigStore.h"
 #include "kernel/Files.h"
 #include "kernel/Station.h"
@@ -54,6 +58,11 @@ EmbeddedKernel::EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log
     m_users = std::make_shared<::Users>(databases.Users, m_translator, m_log);
     m_application = std::make_shared<::Application>(*m_db);
     m_files = std::make_shared<::Files>();
+    m_cartWorld = std::make_shared<CartWorld>(m_db, m_shared, m_station->Folder(), m_users, m_log);
+    m_carts = std::make_shared<::Carts>(m_cartWorld);
+    m_families = std::make_shared<::Families>(m_cartWorld);
+    m_cartWorld->SetFamilies(m_families);
+    m_playLists = std::make_shared<::PlayLists>(m_cartWorld);
 }
 
 EmbeddedKernel::~EmbeddedKernel()
@@ -71,6 +80,10 @@ std::shared_ptr<iChannels> EmbeddedKernel::Channels()
 }
 
 std::shared_ptr<iFiles> EmbeddedKernel::Files() { return m_files; }
+std::shared_ptr<iCarts> EmbeddedKernel::Carts() { return m_carts; }
+std::shared_ptr<iFamilies> EmbeddedKernel::Families() { return m_families; }
+std::shared_ptr<iPlayLists> EmbeddedKernel::PlayLists() { return m_playLists; }
+std::shared_ptr<iMacro> EmbeddedKernel::MacroByID(const QString& macroID) { return m_carts->MacroByID(macroID); }
 std::shared_ptr<iStation> EmbeddedKernel::Station() { return m_station; }
 std::shared_ptr<iUsers> EmbeddedKernel::Users() { return m_users; }
 std::shared_ptr<iApplication> EmbeddedKernel::Application() { return m_application; }
@@ -147,11 +160,7 @@ void EmbeddedKernel::AutomaticLogin()
 }
 
 // Parts of the kernel that later work provides.
-std::shared_ptr<iFamilies> EmbeddedKernel::Families() { throw NotAvailable("CKernel.Families"); }
 std::shared_ptr<iCdRoms> EmbeddedKernel::CdRoms() { throw NotAvailable("CKernel.CdRoms"); }
-std::shared_ptr<iMacro> EmbeddedKernel::MacroByID(const QString&) { throw NotAvailable("CKernel.MacroByID"); }
-std::shared_ptr<iCarts> EmbeddedKernel::Carts() { throw NotAvailable("CKernel.Carts"); }
-std::shared_ptr<iPlayLists> EmbeddedKernel::PlayLists() { throw NotAvailable("CKernel.PlayLists"); }
 std::shared_ptr<iDataService> EmbeddedKernel::DataService() { throw NotAvailable("CKernel.DataService"); }
 CKernel::FilledCart EmbeddedKernel::FillCartFromText(const std::shared_ptr<iCart>&, const QString&)
 {

@@ -5,7 +5,11 @@
 
 class Application;
 class Channels;
+class Carts;
+class CartWorld;
 class ConfigStore;
+class Families;
+class PlayLists;
 class Database;
 class Files;
 class Station;
@@ -68,4 +72,8 @@ private:
     std::shared_ptr<::Application> m_application;
     std::shared_ptr<::Files> m_files;
     std::shared_ptr<::Channels> m_channels; // the audio engine starts on first use
+    std::shared_ptr<CartWorld> m_cartWorld;
+    std::shared_ptr<::Carts> m_carts;
+    std::shared_ptr<::Families> m_families;
+    std::shared_ptr<::PlayLists> m_playLists;
 };

@@ -84,6 +84,7 @@ void KernelCatalogue::Write(Database& kernelDb, const StationFolder& folder, Sta
     kernelDb.Transaction([&] {
         WriteSettings(kernelDb, folder);
         WriteApplication(kernelDb);
+        WritePlayLists(kernelDb);
     });
     report.translations += Translations::Load(kernelDb);
 }
@@ -105,6 +106,26 @@ void KernelCatalogue::WriteApplication(Database& kernelDb)
                             {QStringLiteral("Name"), QStringLiteral("Version"), QStringLiteral("OpenText"),
                              QStringLiteral("ClosedText")});
     application.Add({QStringLiteral("Korvane"), Version(), QStringLiteral("07:00"), QStringLiteral("01:00")});
+}
+
+void KernelCatalogue::WritePlayLists(Database& kernelDb)
+{
+    TableWriter lists(kernelDb, QStringLiteral("PlayList"),
+                      {QStringLiteral("ID"), QStringLiteral("Name"), QStringLiteral("Description"), QStringLiteral("MacroID"),
+                       QStringLiteral("Chained"), QStringLiteral("AutoClose"), QStringLiteral("Modified"),
+                       QStringLiteral("NextIndex")});
+    lists.Add({QStringLiteral("PL0001"), QStringLiteral("Top of the hour"), QStringLiteral("Top of the hour"),
+               QStringLiteral("MES0001"), true, true, false, 1});
+    lists.Add({QStringLiteral("PL0002"), QStringLiteral("Morning pads"), QString(), QString(), false, false, false, 1});
+    TableWriter rows(kernelDb, QStringLiteral("PlayListItem"),
+                     {QStringLiteral("PlayListID"), QStringLiteral("Index"), QStringLiteral("CartID")});
+    const QStringList topOfTheHour{QStringLiteral("CON0003"), QStringLiteral("JIN0001"), QStringLiteral("MUS0001")};
+    const QStringList pads{QStringLiteral("JIN0001"), QStringLiteral("JIN0002"), QStringLiteral("ESP0001"),
+                           QStringLiteral("ESP0002"), QString(), QStringLiteral("NEW0002")};
+    for (int i = 0; i < topOfTheHour.size(); ++i)
+        rows.Add({QStringLiteral("PL0001"), i + 1, topOfTheHour[i]});
+    for (int i = 0; i < pads.size(); ++i)
+        rows.Add({QStringLiteral("PL0002"), i + 1, pads[i]});
 }
 
 QString KernelCatalogue::ColorValue(int red, int green, int blue)

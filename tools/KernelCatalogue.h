@@ -8,7 +8,8 @@ class StationFolder;
 struct StationReport;
 
 // The kernel's own tables of a new station: the shared configuration store (Config), the
-// store of this station (StationConfig), the application record and the translations.
+// store of this station (StationConfig), the application record, the playlists and the
+// translations.
 class KernelCatalogue
 {
 public:
@@ -24,6 +25,8 @@ public:
 private:
     static void WriteSettings(Database& kernelDb, const StationFolder& folder);
     static void WriteApplication(Database& kernelDb);
+    // Two playlists: one loaded from a demo macro and chained, one of pads.
+    static void WritePlayLists(Database& kernelDb);
     // Red in the low byte, as the toolkit keeps colours.
     static QString ColorValue(int red, int green, int blue);
 };

@@ -1,0 +1,202 @@
+#include "kernel/Family.h"
+#include "foundation/Strings.h"
+#include "kernel/Cart.h"
+#include "kernel/CartID.h"
+#include "kernel/CartReport.h"
+#include "kernel/CartWorld.h"
+#include "kernel/FamilySlots.h"
+#include "kernelapi/KernelError.h"
+#include <algorithm>
+
+namespace {
+const QString Object = QStringLiteral("iFamily");
+
+QString YesNo(bool value)
+{
+    return value ? QStringLiteral("yes") : QStringLiteral("no");
+}
+
+// The tag of a cart's type in a printed list.
+QString Tag(CartType type)
+{
+    const QString letter = CartStore::Letter(type);
+    return letter.isEmpty() ? QStringLiteral(" ? ") : u' ' + letter + u' ';
+}
+}
+
+Family::Family(std::shared_ptr<CartWorld> world, const FamilyStore::Row& row, QObject* parent)
+    : iFamily(parent), m_world(std::move(world)), m_row(row)
+{
+}
+
+bool Family::EveryBody() const
+{
+    return m_row.everyBody || EveryBodyWrite();
+}
+
+bool Family::EveryBodyWrite() const
+{
+    return m_world->FamilyRows().EveryBodyWrite(m_row.id);
+}
+
+bool Family::MayRead(const QString& userID) const
+{
+    return RightOf(userID) != FamilyStore::Right::None;
+}
+
+bool Family::MayWrite(const QString& userID) const
+{
+    return RightOf(userID) == FamilyStore::Right::Write;
+}
+
+FamilyStore::Right Family::RightOf(const QString& userID) const
+{
+    const QString user = userID.trimmed().isEmpty() ? m_world->CurrentUserID() : userID.trimmed();
+    return user.isEmpty() ? FamilyStore::Right::None : m_world->FamilyRows().RightOf(user, m_row.id);
+}
+
+int Family::Count() const
+{
+    return int(Records().size());
+}
+
+std::shared_ptr<iCart> Family::Item(int index) const
+{
+    if (index < 1 || index > Count())
+        throw KernelError(QStringLiteral("Family %1 has no cart %2 (it has %3)").arg(m_row.id).arg(index).arg(Count()));
+    return m_world->LiveCart(Records()[size_t(index - 1)]);
+}
+
+const std::vector<CartRecord>& Family::Records() const
+{
+    if (!m_records)
+        m_records = m_world->Store().ReadFamily(m_row.id);
+    return *m_records;
+}
+
+QBitArray Family::Occupied() const
+{
+    QBitArray occupied(CartID::Slots);
+    for (const CartRecord& record : Records())
+        occupied.setBit(CartID::NumberOf(record.id));
+    return occupied;
+}
+
+std::shared_ptr<iFamilySlots> Family::Slots() const
+{
+    return std::make_shared<FamilySlots>(m_row.id, Occupied());
+}
+
+QList<int> Family::FreeSlots(const QString& cartID, int mode) const
+{
+    const QBitArray occupied = Occupied();
+    switch (mode) {
+    case 0:
+        return Nearest(std::max(0, CartID::NumberOf(cartID)), occupied);
+    case 1:
+        return FreeFrom(0, occupied);
+    case 2:
+        return FreeFrom(Records().empty() ? 0 : CartID::NumberOf(Records().back().id) + 1, occupied);
+    default:
+        throw KernelError(QStringLiteral("FreeSlots has no mode %1").arg(mode));
+    }
+}
+
+// Up to half of the wanted numbers below the cart's number, the rest from the number up.
+QList<int> Family::Nearest(int number, const QBitArray& occupied) const
+{
+    QList<int> below;
+    for (int n = number - 1; n >= 0 && below.size() < FreeSlotsWanted / 2; --n) {
+        if (!occupied.testBit(n))
+            below.prepend(n);
+    }
+    QList<int> slots = below;
+    for (int n = number; n < CartID::Slots && slots.size() < FreeSlotsWanted; ++n) {
+        if (!occupied.testBit(n))
+            slots.append(n);
+    }
+    return slots;
+}
+
+QList<int> Family::FreeFrom(int first, const QBitArray& occupied) const
+{
+    QList<int> slots;
+    for (int n = first; n < CartID::Slots && slots.size() < FreeSlotsWanted; ++n) {
+        if (!occupied.testBit(n))
+            slots.append(n);
+    }
+    return slots;
+}
+
+bool Family::Reload(const QString& familyID)
+{
+    const QString id = familyID.trimmed().isEmpty() ? m_row.id : CartID::Normalized(familyID);
+    if (id != m_row.id) {
+        m_world->Log().Warn(Object, QStringLiteral("Reload"), QStringLiteral("Family %1 cannot become family %2").arg(m_row.id, id));
+        return false;
+    }
+    const std::optional<FamilyStore::Row> row = m_world->FamilyRows().Read(id);
+    if (!row)
+        return false;
+    m_row = *row;
+    ContentsChanged();
+    return true;
+}
+
+void Family::Refresh()
+{
+    if (const std::optional<FamilyStore::Row> row = m_world->FamilyRows().Read(m_row.id))
+        m_row = *row;
+    ContentsChanged();
+}
+
+void Family::ContentsChanged()
+{
+    m_records.reset();
+    Q_EMIT ChangedContents();
+}
+
+void Family::CartChanged(const QString& cartID)
+{
+    if (m_records) {
+        const auto found = std::lower_bound(m_records->begin(), m_records->end(), cartID,
+                                            [](const CartRecord& record, const QString& id) { return record.id < id; });
+        const std::optional<CartRecord> record = m_world->Store().Read(cartID);
+        if (found != m_records->end() && found->id == cartID && record)
+            *found = *record;
+        else
+            m_records.reset();
+    }
+    Q_EMIT SlightlyChangedContents();
+}
+
+void Family::Clear()
+{
+    Q_EMIT QueryClear();
+}
+
+void Family::Print(bool header, bool contents)
+{
+    const QString path = CartReport::Write(m_world->ReportsFolder(), QStringLiteral("family-") + m_row.id,
+                                           QStringLiteral("Family ") + m_row.id, ReportLines(header, contents));
+    m_world->Log().Ok(Object, QStringLiteral("Print"), QStringLiteral("Family %1 printed to %2").arg(m_row.id, path));
+}
+
+QStringList Family::ReportLines(bool header, bool contents) const
+{
+    QStringList lines;
+    if (header) {
+        qint64 total = 0;
+        for (const CartRecord& record : Records())
+            total += record.time;
+        lines << QStringLiteral("Description: ") + m_row.description << QStringLiteral("EveryBody (R): ") + YesNo(EveryBody())
+              << QStringLiteral("EveryBody (R/W): ") + YesNo(EveryBodyWrite())
+              << QStringLiteral("Carts: ") + QString::number(Records().size())
+              << QStringLiteral("Total time: ") + MsToClock(qint32(std::min<qint64>(total, INT32_MAX))) << QString();
+    }
+    if (contents) {
+        for (const CartRecord& record : Records())
+            lines << QStringLiteral("%1 %2 %3  %4").arg(record.id, Tag(record.type), MsToClock(record.time), record.description);
+    }
+    return lines;
+}

@@ -1,0 +1,60 @@
+#pragma once
+#include "kernel/CartRecord.h"
+#include "kernel/FamilyStore.h"
+#include "kernelapi/iFamily.h"
+#include <QBitArray>
+#include <optional>
+#include <vector>
+
+class CartWorld;
+
+// One family over its Familia row and the carts of its ID range. The carts are read with one
+// query the first time they are needed and kept as rows; a cart object is made only when an
+// item is asked for. Rights come from the user's groups (RGrup and RFamilia) and are read at
+// each question, since the administration screens change them.
+//
+// FreeSlots modes: 0 the nearest free numbers on each side of the cart's number (the number
+// itself when free), 1 the first free numbers of the family, 2 the numbers after its highest
+// occupied one; each gives at most FreeSlotsWanted numbers, ascending.
+class Family : public iFamily
+{
+    Q_OBJECT
+public:
+    static constexpr int FreeSlotsWanted = 10;
+
+    Family(std::shared_ptr<CartWorld> world, const FamilyStore::Row& row, QObject* parent = nullptr);
+
+    QString ID() const override { return m_row.id; }
+    QString Description() const override { return m_row.description; }
+    bool EveryBody() const override;
+    bool EveryBodyWrite() const override;
+    std::shared_ptr<iFamilySlots> Slots() const override;
+    QList<int> FreeSlots(const QString& cartID, int mode) const override;
+    void Print(bool header, bool contents) override;
+    bool Reload(const QString& familyID) override;
+    void Refresh() override;
+    bool MayRead(const QString& userID) const override;
+    bool MayWrite(const QString& userID) const override;
+    int Count() const override;
+    std::shared_ptr<iCart> Item(int index) const override;
+
+    void SetRow(const FamilyStore::Row& row) { m_row = row; }
+    // Carts came or went: the rows are read again on next use; raises ChangedContents.
+    void ContentsChanged();
+    // A cart's stored properties changed: its row is read again; raises SlightlyChangedContents.
+    void CartChanged(const QString& cartID);
+    // The family goes away; raises QueryClear.
+    void Clear();
+
+private:
+    const std::vector<CartRecord>& Records() const;
+    QBitArray Occupied() const;
+    FamilyStore::Right RightOf(const QString& userID) const;
+    QList<int> Nearest(int number, const QBitArray& occupied) const;
+    QList<int> FreeFrom(int first, const QBitArray& occupied) const;
+    QStringList ReportLines(bool header, bool contents) const;
+
+    std::shared_ptr<CartWorld> m_world;
+    FamilyStore::Row m_row;
+    mutable std::optional<std::vector<CartRecord>> m_records;
+};

@@ -1,0 +1,101 @@
+#pragma once
+#include "kernel/PlayListStore.h"
+#include "kernelapi/iPlayList.h"
+#include <vector>
+
+class CartWorld;
+class Macro;
+class PlayListItem;
+class iObjectWithProperties;
+
+// A playlist of the station: its rows live in the kernel's tables and every change is stored
+// at once, so lists outlast the session; Save writes the rows into the list's macro (the
+// catalogue's copy) and clears Modified, Reload reads the macro back.
+//
+// Playing: Play loads the next playable row (from NextIndex on, skipping blank, ignored and
+// unplayable rows) into the list's player through iCartPlayer and starts it; NextIndex moves
+// past it. When the player returns to Ready after sounding that cart, a chained list starts
+// the next row itself; an unchained one stops. At the end of the rows a list with AutoClose
+// goes back to its first row. If someone else loads another cart into the player, the list
+// stops following it. NextIndex follows the row it points at through inserts, deletes and
+// lifts, and may stand one past the last row. Shuffle mixes the rows not yet played (from
+// NextIndex on).
+class PlayList : public iPlayList
+{
+    Q_OBJECT
+public:
+    PlayList(std::shared_ptr<CartWorld> world, std::shared_ptr<PlayListStore> store, const PlayListStore::Header& header,
+             QObject* parent = nullptr);
+    ~PlayList() override;
+
+    QDateTime WaitForStart() const override { return {}; }
+    bool Waiting() const override { return false; }
+    qint32 LoadState() const override { return m_macro ? 1 : 0; }
+    qint32 PlayState() const override { return m_playing ? 1 : 0; }
+    qint32 NextIndex() const override { return m_header.nextIndex; }
+    void SetNextIndex(qint32 index) override;
+    QString Name() const override { return m_header.name; }
+    void SetName(const QString& name) override;
+    QString Description() const override { return m_header.description; }
+    QString ID() const override { return m_header.id; }
+    std::shared_ptr<iMacro> LoadedMacro() const override;
+    void SetPlayer(const std::shared_ptr<iCartPlayer>& player) override;
+    bool Chained() const override { return m_header.chained; }
+    void SetChained(bool chained) override;
+    bool AutoClose() const override { return m_header.autoClose; }
+    bool Modified() const override { return m_header.modified; }
+    qint32 Count() const override { return qint32(m_items.size()); }
+    std::shared_ptr<iPlayListItem> Item(qint32 index) const override;
+    void Load(const QString& cartID) override;
+    void Save() override;
+    void Delete(qint32 row) override;
+    void Insert(qint32 row, const std::shared_ptr<iCart>& cart) override;
+    void Shuffle() override;
+    void Put(qint32 row, const std::shared_ptr<iCart>& cart) override;
+    void LiftUp(qint32 row) override;
+    void LiftDown(qint32 row) override;
+    void Reload() override;
+    bool Play() override;
+
+    // Takes the rows and the macro that the store kept for the list.
+    void Restore(const std::vector<PlayListStore::Row>& rows);
+    // Rows holding a cart that was renumbered take the cart of its new ID.
+    void CartMoved(const QString& fromID, const QString& toID);
+    // Stops following the player, before the list goes away.
+    void Detach();
+
+Q_SIGNALS:
+    // The list's name changed.
+    void Renamed();
+
+private:
+    using Items = std::vector<std::shared_ptr<PlayListItem>>;
+
+    std::shared_ptr<PlayListItem> MakeItem(const std::shared_ptr<iCart>& cart, const std::shared_ptr<iObjectWithProperties>& properties);
+    void SetItems(Items items);
+    void RequireRow(qint32 row, qint32 last) const;
+    // After a change of the rows: the list is modified, stored, and its holders told.
+    void Edited();
+    void SetModified(bool modified);
+    void Store();
+    void StoreHeader();
+    void MoveNextIndex(qint32 index);
+    void Swap(qint32 upper);
+    qint32 IndexOf(const PlayListItem* item) const;
+    void ItemChanged(const PlayListItem* item);
+
+    qint32 NextPlayable(qint32 from) const;
+    bool Start(qint32 row);
+    void PlayerStatusChanged(qint32 status);
+    void Finish();
+
+    std::shared_ptr<CartWorld> m_world;
+    std::shared_ptr<PlayListStore> m_store;
+    PlayListStore::Header m_header;
+    Items m_items;
+    std::shared_ptr<Macro> m_macro;
+    std::weak_ptr<iCartPlayer> m_player;
+    QMetaObject::Connection m_playerConnection;
+    std::shared_ptr<PlayListItem> m_playing; // the row the player sounds for the list
+    bool m_sounding = false;                 // the player has reported Playing for it
+};
