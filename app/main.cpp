@@ -1,4 +1,5 @@
 #include "foundation/ui/Dialogs.h"
+#include "metering/MeteringControls.h"
 #include "shell/Registry.h"
 #include "shell/Theme.h"
 #include "shell/modMain.h"
@@ -13,6 +14,7 @@ int main(int argc, char* argv[])
     Theme::Apply(app);
     Dialogs::InstallFromEnvironment();
     Registry::RegisterShell();
+    Metering::RegisterControls(Registry::Register);
     if (!modMain::Main())
         return modMain::EndedWith() < 0 ? 1 : modMain::EndedWith();
     return QApplication::exec();

@@ -2,6 +2,7 @@
 // need one, SQL drivers and timers need the event loop), headless dialogs, and the shell's
 // form registry.
 #include "foundation/ui/Dialogs.h"
+#include "metering/MeteringControls.h"
 #include "shell/Registry.h"
 #include "shell/modMain.h"
 #include <QApplication>
@@ -16,6 +17,7 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     Dialogs::InstallFromEnvironment();
     Registry::RegisterShell();
+    Metering::RegisterControls(Registry::Register);
     ::testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();
     modMain::TearDown();
