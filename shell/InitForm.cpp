@@ -10,6 +10,7 @@
 #include "kernelapi/CKernel.h"
 #include "kernelapi/KernelError.h"
 #include "kernelapi/iApplication.h"
+#include "kernelapi/iChannels.h"
 #include "kernelapi/iUsers.h"
 #include "shell/Artwork.h"
 #include "shell/CInterface.h"
@@ -92,6 +93,8 @@ void InitForm::Form_Initialize()
         modGlobals::InitGlobals();
         step(QStringLiteral("SetRecordsets"));
         modGlobals::SetRecordsets();
+        step(QStringLiteral("Channels"));
+        TouchChannels(step);
         step(QStringLiteral("Menu"));
         PlaceMenu();
         if (!m_menuSelector || !m_menuSelector->Ready())
@@ -120,6 +123,22 @@ void InitForm::Form_Initialize()
                             Dialogs::Buttons::Ok, QStringLiteral("Error"), Dialogs::Icon::Critical);
         modMain::EndProcess(1);
     });
+}
+
+void InitForm::TouchChannels(Step& step)
+{
+    // Once per process: every channel object is reached once, which starts the audio engine.
+    static bool touched = false;
+    if (touched)
+        return;
+    step(QStringLiteral("Channels.Loop"));
+    auto channels = Globals::Kernel()->Channels();
+    for (int i = 1; i <= channels->Count(); ++i)
+        channels->Item(i);
+    step(QStringLiteral("Channels.Rec"));
+    step(QStringLiteral("Channels.Play1"));
+    step(QStringLiteral("Channels.Play2"));
+    touched = true;
 }
 
 void InitForm::PlaceMenu()

@@ -36,6 +36,7 @@ protected:
 private:
     InitForm();
     void Form_Initialize();
+    void TouchChannels(class Step& step);
     void PlaceMenu();
     void MenuFailed(const QString& reason);
     void PlaceControl(const QString& className, const QString& name, double left, double top, double width, double height);

@@ -1,6 +1,8 @@
 #include "ShellFixture.h"
 #include "foundation/Globals.h"
 #include "foundation/db/Database.h"
+#include "kernelapi/CKernel.h"
+#include "kernelapi/iChannels.h"
 #include "shell/BackGround.h"
 #include "shell/CInterface.h"
 #include "shell/IFMenu.h"
@@ -33,6 +35,7 @@ TEST_F(StartupRoad, ReachesTheMenuWithOnlyLoginEnabled)
     ASSERT_NE(stationID, nullptr);
     EXPECT_TRUE(stationID->Caption().startsWith(QStringLiteral("Station ID: ")));
     EXPECT_EQ(modInterface::InterfaceStarted(), 1);
+    EXPECT_EQ(Globals::Kernel()->Channels()->Count(), 3); // A, B and Rec were walked at start
     EXPECT_EQ(Globals::Data().All().size(), 9u);
     for (auto* recordset : Globals::Data().All())
         EXPECT_NE(recordset, nullptr);
