@@ -1,6 +1,8 @@
 #include "tools/StationBuilder.h"
 #include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
+#include "kernel/AudioFileInfo.h"
+#include "kernel/EnergyFile.h"
 #include "kernel/StationDatabases.h"
 #include "kernelapi/KernelError.h"
 #include "tools/AudioGenerator.h"
@@ -9,6 +11,7 @@
 #include "tools/KernelCatalogue.h"
 #include "tools/StationFiles.h"
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 
 StationBuilder::StationBuilder(const StationOptions& options) : m_options(options), m_folder(options.dir) {}
@@ -43,6 +46,7 @@ StationReport StationBuilder::Create()
         MakeFolders();
         StationFiles::Write(m_folder);
         WriteDatabases(report);
+        WriteEnergyFiles();
     } catch (...) {
         RemoveCreated();
         throw;
@@ -95,6 +99,13 @@ void StationBuilder::WriteDatabases(StationReport& report) const
     DemoCatalogue(*sound, *user, m_folder.SoundDir(), audio).Write(report);
     BulkCatalogue(*sound, *user, m_folder.SoundDir(), audio).Write(m_options.carts, report);
     KernelCatalogue::Write(*kernel, m_folder, report);
+}
+
+void StationBuilder::WriteEnergyFiles() const
+{
+    QDirIterator sounds(m_folder.SoundDir(), QDir::Files, QDirIterator::Subdirectories);
+    while (sounds.hasNext())
+        EnergyFile::WriteFor(sounds.next());
 }
 
 std::unique_ptr<Database> StationBuilder::CreateDatabase(const char* file) const

@@ -8,9 +8,9 @@
 class Database;
 
 // Creates a working demo station in a folder: station.ini, kernel.ini, data/ with the three
-// databases, sound/ with generated audio, log/ and export/. A folder that already holds a
-// station (station.ini or data/) is refused before anything is touched; a creation that fails
-// half way removes again what it made.
+// databases, sound/ with generated audio and its energy files, log/ and export/. A folder
+// that already holds a station (station.ini or data/) is refused before anything is touched;
+// a creation that fails half way removes again what it made.
 class StationBuilder
 {
 public:
@@ -29,6 +29,8 @@ private:
     void NoteMissingEntries();
     void MakeFolders() const;
     void WriteDatabases(StationReport& report) const;
+    // The energy file of every sound, as the kernel writes it for the sounds it makes.
+    void WriteEnergyFiles() const;
     std::unique_ptr<Database> CreateDatabase(const char* file) const;
     void RemoveCreated() const;
 

@@ -3,6 +3,7 @@
 #include "tools/BulkCatalogue.h"
 #include "tools/DemoCatalogue.h"
 #include "tools/StationBuilder.h"
+#include "tools/StationImport.h"
 #include "tools/StationOptions.h"
 #include "tools/StationReport.h"
 #include <QDir>
@@ -15,11 +16,14 @@ int StationCommand::Run(const QStringList& arguments)
         PrintUsage(m_out);
         return 0;
     }
-    if (arguments.isEmpty() || arguments.first() != QLatin1String("create")) {
+    const QString command = arguments.value(0);
+    if (command != QLatin1String("create") && command != QLatin1String("import")) {
         PrintUsage(m_err);
         return 1;
     }
     try {
+        if (command == QLatin1String("import"))
+            return Import(arguments.mid(1));
         PrintReport(StationBuilder(ParseCreate(arguments.mid(1))).Create());
         return 0;
     } catch (const KernelError& e) {
@@ -50,6 +54,33 @@ StationOptions StationCommand::ParseCreate(const QStringList& arguments) const
     if (options.dir.isEmpty())
         throw KernelError(QStringLiteral("No station folder given: korvane-station create DIR [--carts N] [--database URI]"));
     return options;
+}
+
+int StationCommand::Import(const QStringList& arguments)
+{
+    QString family = StationImport::DefaultFamily;
+    QStringList paths;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString& argument = arguments[i];
+        if (argument == QLatin1String("--family") && i + 1 >= arguments.size())
+            throw KernelError(QStringLiteral("--family needs a value"));
+        if (argument == QLatin1String("--family"))
+            family = arguments[++i];
+        else if (argument.startsWith(QLatin1String("--")))
+            throw KernelError(QStringLiteral("Unknown option %1").arg(argument));
+        else
+            paths << argument;
+    }
+    if (paths.size() < 2)
+        throw KernelError(QStringLiteral("No files given: korvane-station import DIR FILES... [--family XXX]"));
+    StationImport import(paths.first(), family);
+    const StationImport::Outcome outcome = import.Import(paths.mid(1));
+    for (const QString& failure : outcome.failures)
+        m_err << "korvane-station: " << failure << Qt::endl;
+    m_out << "Imported " << outcome.ids.size() << " of " << paths.size() - 1 << " files into the family "
+          << import.Family() << (outcome.ids.isEmpty() ? QString() : QStringLiteral(": ") + outcome.ids.join(QLatin1Char(' ')))
+          << Qt::endl;
+    return outcome.failures.isEmpty() ? 0 : 1;
 }
 
 int StationCommand::ParseCarts(const QString& text)
@@ -89,5 +120,9 @@ void StationCommand::PrintUsage(QTextStream& stream)
     stream << "Usage: korvane-station create DIR [--carts N] [--database URI]" << Qt::endl
           << "  Creates a demo station in DIR: databases, users, families, carts and generated audio." << Qt::endl
           << "  --carts N       adds N sound carts for benchmarks, in families of 10,000 (BAA, BAB, ...)" << Qt::endl
-          << "  --database URI  where the catalogue lives; only the default SQLite files for now" << Qt::endl;
+          << "  --database URI  where the catalogue lives; only the default SQLite files for now" << Qt::endl
+          << "Usage: korvane-station import DIR FILES... [--family XXX]" << Qt::endl
+          << "  Brings audio files (WAV, AIFF, FLAC, OGG, MP2, MP3) into the station in DIR as sound carts." << Qt::endl
+          << "  --family XXX    the family of the new carts, created when missing (default "
+          << StationImport::DefaultFamily << ")" << Qt::endl;
 }

@@ -7,8 +7,9 @@ struct StationReport;
 
 // The command line of korvane-station:
 //   korvane-station create DIR [--carts N] [--database URI]
+//   korvane-station import DIR FILES... [--family XXX]
 // Run returns the process exit code: 0 on success, 1 on any refusal or failure, with the
-// reason on the error stream.
+// reason on the error stream. An import goes on past a file it cannot read and ends with 1.
 class StationCommand
 {
 public:
@@ -19,6 +20,7 @@ public:
 
 private:
     StationOptions ParseCreate(const QStringList& arguments) const;
+    int Import(const QStringList& arguments);
     static int ParseCarts(const QString& text);
     void PrintReport(const StationReport& report);
     // The demo families one by one, the benchmark families as a range.
