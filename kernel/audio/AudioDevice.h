@@ -16,6 +16,9 @@ public:
     // Begins calling the callback. Throws KernelError when the device refuses.
     virtual void Start(AudioCallback* callback) = 0;
     virtual void Stop() = 0;
+    // Stops calling the callback at once without waiting on the device, which may have gone
+    // away; what is left of it may then be closed on another thread.
+    virtual void Detach() = 0;
     // Whether the device is running and has not reported a failure.
     virtual bool Running() const = 0;
 };

@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <QStringList>
 #include <algorithm>
+#include <thread>
 
 namespace {
 const QString Object = QStringLiteral("AudioEngine");
@@ -113,7 +114,10 @@ void AudioEngine::FallBack(DeviceSlot& slot, const QString& reason)
 {
     m_log.Error(Object, QStringLiteral("FallBack"),
                 QStringLiteral("Device '%1': %2; channel %3 runs on the Null device").arg(slot.device->Name(), reason, ChannelNames(slot)));
-    slot.device->Stop();
+    // Closing a device that has gone away can block inside its driver for minutes: it is
+    // detached here and closed on a thread of its own.
+    slot.device->Detach();
+    std::thread([gone = std::move(slot.device)]() mutable { gone.reset(); }).detach();
     slot.device = NullFor(slot);
     slot.device->Start(slot.mixer.get());
     slot.quietFor.start();

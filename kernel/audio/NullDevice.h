@@ -20,6 +20,7 @@ public:
     int InputChannels() const override { return m_inputChannels; }
     void Start(AudioCallback* callback) override;
     void Stop() override;
+    void Detach() override { Stop(); }
     bool Running() const override { return m_running.load(std::memory_order_acquire); }
 
     // Virtual clock: runs the callback for that many frames, a period at a time.

@@ -3,6 +3,7 @@
 #include "kernelapi/KernelError.h"
 #include <QStringList>
 #include <algorithm>
+#include <thread>
 
 PortAudioDevice::Library::Library()
 {
@@ -69,7 +70,7 @@ void PortAudioDevice::Open(PaDeviceIndex device, int sampleRate, int periodFrame
 
 void PortAudioDevice::Start(AudioCallback* callback)
 {
-    m_callback = callback;
+    m_callback.store(callback, std::memory_order_seq_cst);
     if (const PaError error = Pa_StartStream(m_stream); error != paNoError)
         throw KernelError(QStringLiteral("Device '%1' does not start: %2").arg(m_name, Describe(error)));
 }
@@ -79,6 +80,15 @@ void PortAudioDevice::Stop()
 {
     if (m_stream && Pa_IsStreamStopped(m_stream) == 0)
         Pa_AbortStream(m_stream);
+}
+
+// After this the callback is not called again: either PortAudio's thread saw it gone, or this
+// thread waited until that call had left.
+void PortAudioDevice::Detach()
+{
+    m_callback.store(nullptr, std::memory_order_seq_cst);
+    while (m_inCallback.load(std::memory_order_seq_cst))
+        std::this_thread::yield();
 }
 
 bool PortAudioDevice::Running() const
@@ -93,6 +103,11 @@ int PortAudioDevice::OnAudio(const void* input, void* output, unsigned long fram
     float* out = device->m_plays ? static_cast<float*>(output) : device->m_silentOutput.data();
     if (!device->m_plays)
         frames = std::min<unsigned long>(frames, device->m_silentOutput.size() / 2);
-    device->m_callback->Process(static_cast<const float*>(input), device->m_inputChannels, out, static_cast<int>(frames));
+    device->m_inCallback.store(true, std::memory_order_seq_cst);
+    if (AudioCallback* callback = device->m_callback.load(std::memory_order_seq_cst))
+        callback->Process(static_cast<const float*>(input), device->m_inputChannels, out, static_cast<int>(frames));
+    else
+        std::fill_n(out, frames * 2, 0.0f);
+    device->m_inCallback.store(false, std::memory_order_release);
     return paContinue;
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "kernel/audio/AudioDevice.h"
+#include <atomic>
 #include <portaudio.h>
 #include <vector>
 
@@ -19,6 +20,7 @@ public:
     int InputChannels() const override { return m_inputChannels; }
     void Start(AudioCallback* callback) override;
     void Stop() override;
+    void Detach() override;
     bool Running() const override;
 
 private:
@@ -41,5 +43,6 @@ private:
     int m_inputChannels = 0;
     bool m_plays = true;
     std::vector<float> m_silentOutput; // where a device that only records puts its output
-    AudioCallback* m_callback = nullptr;
+    std::atomic<AudioCallback*> m_callback{nullptr};
+    std::atomic<bool> m_inCallback{false};
 };
