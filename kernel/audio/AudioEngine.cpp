@@ -136,9 +136,14 @@ const AudioEngine::DeviceSlot& AudioEngine::SlotOf(int channel) const
     return m_slots[static_cast<std::size_t>(m_slotOfChannel[static_cast<std::size_t>(channel)])];
 }
 
+AudioDevice& AudioEngine::Device(int channel) const
+{
+    return *SlotOf(channel).device;
+}
+
 QString AudioEngine::DeviceName(int channel) const
 {
-    return SlotOf(channel).device->Name();
+    return Device(channel).Name();
 }
 
 bool AudioEngine::ChannelOn(int channel) const

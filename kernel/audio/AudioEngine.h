@@ -37,6 +37,7 @@ public:
     int ChannelCount() const { return static_cast<int>(m_channels.size()); }
     ChannelMix& Channel(int index) const { return *m_channels[static_cast<std::size_t>(index)]; }
     // The device a channel runs on now ("null" after a fall back) and whether it runs.
+    AudioDevice& Device(int channel) const;
     QString DeviceName(int channel) const;
     bool ChannelOn(int channel) const;
     // The clock of a channel's device: ms of audio it has processed.
