@@ -10,7 +10,7 @@ namespace {
 constexpr qint64 BlockFrames = 1 << 16;
 // Energy reserved ahead from the header's length, at most this many bytes (a damaged header
 // may claim any length).
-constexpr qint64 MaxReserve = 1 << 24;
+constexpr qint64 MaxReserve = 1 << 20;
 
 // Raises peaks[c] to the largest magnitude of channel c in the frames.
 void RaisePeaks(const qint16* samples, qint64 frames, int channels, int* peaks)
@@ -38,7 +38,8 @@ public:
     explicit StepMeter(AudioFileInfo& info)
         : m_info(info), m_peaks(size_t(info.channels), 0), m_filePeaks(size_t(info.channels), 0)
     {
-        m_info.energy.reserve(int(std::min(MaxReserve, (info.Steps() + 1) * info.channels)));
+        const bool plausible = info.frames / info.rate < MaxReserve;
+        m_info.energy.reserve(int(plausible ? std::min(MaxReserve, (info.Steps() + 1) * info.channels) : MaxReserve));
         m_stepEnd = AudioFileInfo::StepBegin(1, info.rate);
     }
 
