@@ -146,8 +146,6 @@ TEST_F(KernelTest, AFailingStatementThrowsWithTheDriverTextAndTheSql)
 
 TEST_F(KernelTest, OperationsOfLaterWorkSayTheyAreNotAvailable)
 {
-    EXPECT_EQ(Failure([&] { kernel->Carts(); }), "CKernel.Carts: not available");
-    EXPECT_EQ(Failure([&] { kernel->Families(); }), "CKernel.Families: not available");
     EXPECT_EQ(Failure([&] { kernel->Shout(QString()); }), "CKernel.Shout: not available");
 }
 
