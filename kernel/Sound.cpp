@@ -1,5 +1,6 @@
 #include "kernel/Sound.h"
 #include "foundation/Strings.h"
+#include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
 #include "foundation/db/Recordset.h"
 #include "kernel/ConfigStore.h"
@@ -73,14 +74,22 @@ std::shared_ptr<::SoundFile> Sound::File() const
     return m_file;
 }
 
+void Sound::EnsureBackupTable() const
+{
+    if (!m_db->HasTable(QStringLiteral("SoundBackup")))
+        CatalogueSchema::CreateKernelSchema(*m_db);
+}
+
 bool Sound::HasBackup() const
 {
+    EnsureBackupTable();
     QSqlQuery backup = m_db->Query(QStringLiteral("SELECT COUNT(*) FROM SoundBackup WHERE ID = ?"), {m_id});
     return backup.next() && backup.value(0).toInt() > 0;
 }
 
 void Sound::Backup()
 {
+    EnsureBackupTable();
     m_db->Transaction([&] {
         m_db->Query(QStringLiteral("DELETE FROM SoundBackup WHERE ID = ?"), {m_id});
         m_db->Query(QStringLiteral("INSERT INTO SoundBackup (ID, Start, Stop, StartMark, StopMark) VALUES (?, ?, ?, ?, ?)"),
@@ -90,6 +99,7 @@ void Sound::Backup()
 
 void Sound::Restore()
 {
+    EnsureBackupTable();
     QSqlQuery backup = m_db->Query(QStringLiteral("SELECT Start, Stop, StartMark, StopMark FROM SoundBackup WHERE ID = ?"), {m_id});
     if (!backup.next())
         throw KernelError(QStringLiteral("The sound of %1 has no backup of its marks to restore").arg(m_id));
@@ -145,6 +155,7 @@ void Sound::FitMarks(qint32 lengthMs)
 void Sound::Remove(bool deleteFile)
 {
     const QString file = FileName();
+    EnsureBackupTable();
     m_db->Transaction([&] {
         m_db->Query(QStringLiteral("DELETE FROM Sound WHERE ID = ?"), {m_id});
         m_db->Query(QStringLiteral("DELETE FROM SoundBackup WHERE ID = ?"), {m_id});

@@ -8,7 +8,8 @@ class SoundFile;
 class StationFolder;
 
 // The sound of one sound cart over its row of the Sound table. Marks are held in the object
-// until Save writes them; the backup of the marks lives in the kernel's SoundBackup table.
+// until Save writes them; the backup of the marks lives in the kernel's SoundBackup table
+// (made on first use in an older station).
 // The row's Filename is relative to the sound folder (an absolute one is kept as it is).
 class Sound : public iSound
 {
@@ -65,6 +66,7 @@ private:
     };
 
     void Load();
+    void EnsureBackupTable() const;
     // The file object for the present file name, made when the name changed.
     std::shared_ptr<::SoundFile> File() const;
     void FitMarks(qint32 lengthMs);

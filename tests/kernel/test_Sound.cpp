@@ -100,6 +100,7 @@ TEST_F(SoundTest, SoundFolderComesFromTheSharedKeyOrTheStation)
 
 TEST_F(SoundTest, BackupAndRestoreOfTheMarks)
 {
+    Run("Kernel.MDB", "DROP TABLE SoundBackup"); // a station made before the table existed
     const std::unique_ptr<Sound> sound = Open("MUS0001");
     EXPECT_FALSE(sound->HasBackup());
     EXPECT_THROW(sound->Restore(), KernelError);
