@@ -32,6 +32,11 @@ std::shared_ptr<iFamily> Families::Item(int index) const
 
 std::shared_ptr<iFamily> Families::Item(const QString& familyID) const
 {
+    return Require(familyID);
+}
+
+std::shared_ptr<Family> Families::Require(const QString& familyID) const
+{
     const QString id = CartID::RequireFamily(familyID);
     std::shared_ptr<Family> family = Find(id);
     if (!family)
@@ -79,9 +84,9 @@ void Families::Add(const QString& name, const QString& description)
 
 void Families::Remove(const QString& familyID)
 {
-    const std::shared_ptr<iFamily> family = Item(familyID);
+    const std::shared_ptr<Family> family = Require(familyID);
     const QString id = family->ID();
-    std::static_pointer_cast<Family>(family)->Clear();
+    family->Clear();
     m_world->Db()->Transaction([&] { m_world->FamilyRows().Remove(id); });
     std::erase_if(List(), [&](const auto& item) { return item->ID() == id; });
     m_world->Log().Ok(Object, QStringLiteral("Remove"), QStringLiteral("Family %1 removed; its carts stay").arg(id));

@@ -30,6 +30,8 @@ public:
     std::shared_ptr<Family> Find(const QString& familyID) const;
 
 private:
+    // The family of that ID; throws KernelError for a bad ID or one with no family.
+    std::shared_ptr<Family> Require(const QString& familyID) const;
     std::vector<std::shared_ptr<Family>>& List() const;
     std::shared_ptr<Family> Make(const FamilyStore::Row& row) const;
     void Insert(const std::shared_ptr<Family>& family) const;
