@@ -76,6 +76,10 @@ TEST_F(EnergyFileTest, LayoutPutsTheFieldsAtTheirOffsetsAndTheEnergyOneByteEarly
     const QString header = QString::fromLatin1(bytes.mid(32, 512));
     EXPECT_TRUE(header.startsWith("Korvane energy; step_ms=10; rate=44100; channels=2; frames=44100")) << header.toStdString();
     EXPECT_EQ(header.size(), 512);
+    EnergyReader reader;
+    reader.SetFileName(EnergyFile::PathFor(wav));
+    EXPECT_EQ(reader.HeaderText(), header.trimmed());
+    EXPECT_EQ(reader.FileName(), EnergyFile::PathFor(wav));
 
     // A steady sine at half scale: every step holds half of 127 in both channels.
     for (int i = 0; i < info.energy.size(); ++i)
