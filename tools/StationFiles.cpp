@@ -61,7 +61,7 @@ QString StationFiles::KernelIniText()
         "[Audio]\n"
         "SampleRate=48000\n"
         "PeriodFrames=256\n"
-        "; A playing cart with less than this left is shown as expiring.\n"
+        "; A playing cart with less than this left is shown as expiring (0: never).\n"
         "ExpiringSeconds=10\n"
         "\n"
         "; One section per channel, in order. Device: a PortAudio device name, \"default\", or\n"

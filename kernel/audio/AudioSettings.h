@@ -24,7 +24,7 @@ public:
 
     int sampleRate = 48000;
     int periodFrames = 256;
-    int expiringMs = 10000; // a playing cart with less left than this is Expiring
+    int expiringMs = 10000; // a playing cart with less left than this is Expiring; 0: never
     bool virtualClock = false;
     QList<Channel> channels = DefaultChannels();
 

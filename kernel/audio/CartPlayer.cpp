@@ -421,7 +421,8 @@ bool CartPlayer::Sounding() const
 
 CartPlayerStatus CartPlayer::PlayingStatus() const
 {
-    const bool nearEnd = Length() - FrontPosition() <= m_engine->Settings().expiringMs;
+    const int expiringMs = m_engine->Settings().expiringMs;
+    const bool nearEnd = expiringMs > 0 && Length() - FrontPosition() <= expiringMs;
     return nearEnd && !Loops() && m_otherRole != Role::Next ? CartPlayerStatus::Expiring : CartPlayerStatus::Playing;
 }
 

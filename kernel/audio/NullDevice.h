@@ -25,7 +25,6 @@ public:
 
     // Virtual clock: runs the callback for that many frames, a period at a time.
     void Advance(long long frames);
-    int PeriodFrames() const { return m_periodFrames; }
     // What the last period put out, interleaved stereo.
     const std::vector<float>& Output() const { return m_output; }
 
