@@ -124,7 +124,6 @@ void Cart::SetID(const QString& id)
 
 void Cart::Save()
 {
-    RequireSavable();
     bool inserted = false;
     m_world->Db()->Transaction([&] { inserted = WriteRows(); });
     Announce(inserted);
