@@ -30,10 +30,10 @@ public:
 
     virtual CartType Type() const = 0;
     virtual void SetType(CartType type) = 0;
-    // First day of validity; an invalid QDateTime when none is set.
+    // First day of validity; a cart without dates of its own reads 01/01/2001 00:00.
     virtual QDateTime StartDate() const = 0;
     virtual void SetStartDate(const QDateTime& date) = 0;
-    // Last day of validity; an invalid QDateTime when none is set.
+    // Last day of validity; a cart without dates of its own reads 01/01/2099 00:00.
     virtual QDateTime EndDate() const = 0;
     virtual void SetEndDate(const QDateTime& date) = 0;
     // The stored description, the cart's title in every list.

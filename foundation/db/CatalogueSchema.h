@@ -12,7 +12,8 @@ class SqlDialect;
 // - Sound (Sound.MDB): Cart, Sound, RMacro (RMacro's columns in this order, since rows are
 //   inserted by position).
 // - User (User.MDB): Usuari, Grup, RGrup, Familia, RFamilia, Client, Config.
-// - Kernel: the stores Config and StationConfig, translations (Contents), Application, and
+// - Kernel: the stores Config and StationConfig, translations (Contents), Application,
+//   playlists (PlayList, PlayListItem), the backups of sound marks (SoundBackup), and
 //   the disc library: Filters, Jingles, Ads, Clocks, DiscInfoIDs, All, Sections,
 //   CrossSections (a table the disc library fills, one column per property it filters on),
 //   and local_/remote_ Discs, Tracks, Keywords, RecordCompanies, Supports.
