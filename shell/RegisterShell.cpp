@@ -1,5 +1,6 @@
 #include "shell/ConfigForm.h"
 #include "shell/FrmChangePassword.h"
+#include "shell/FrmLevels.h"
 #include "shell/FrmModalDelay.h"
 #include "shell/IFMenu.h"
 #include "shell/IFStationID.h"
@@ -31,5 +32,6 @@ void RegisterShell()
     RegisterForm<FrmChangePassword>("FrmChangePassword");
     RegisterForm<ConfigForm>("ConfigForm");
     RegisterForm<FrmModalDelay>("FrmModalDelay");
+    RegisterForm<FrmLevels>("FrmLevels");
 }
 }

@@ -2,7 +2,9 @@
 // out and leave, with real mouse and key events; and the real executable on a folder that is
 // no station. The walk photographs each screen into build/screenshots.
 #include "foundation/ui/ScriptedDialogs.h"
+#include "metering/IFChannelMonitor.h"
 #include "shell/ConfigForm.h"
+#include "shell/FrmLevels.h"
 #include "shell/IFMenu.h"
 #include "shell/InitForm.h"
 #include "shell/PasswordForm.h"
@@ -78,6 +80,15 @@ TEST(Workstation, LogsInOpensAScreenLogsOutAndLeaves)
     ASSERT_TRUE(InitForm::Instance()->isVisible());
     Photograph(InitForm::Instance(), QStringLiteral("menu-logged-in"));
 
+    Click(MenuButton(QStringLiteral("Levels")));
+    auto* levels = qobject_cast<FrmLevels*>(Form::Find(QStringLiteral("FrmLevels")));
+    ASSERT_NE(levels, nullptr);
+    EXPECT_TRUE(levels->isVisible());
+    levels->Monitor()->TmrChannelMonitor_Timer();
+    Photograph(levels, QStringLiteral("levels"));
+    Click(levels->findChild<QPushButton*>(QStringLiteral("CmdExit")));
+    EXPECT_TRUE(InitForm::Instance()->isVisible());
+
     Click(MenuButton(QStringLiteral("Configuration")));
     auto* config = qobject_cast<ConfigForm*>(Form::Find(QStringLiteral("ConfigForm")));
     ASSERT_NE(config, nullptr);
@@ -107,7 +118,7 @@ TEST(Workstation, LogsInOpensAScreenLogsOutAndLeaves)
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(log.readAll());
     EXPECT_FALSE(text.contains(QStringLiteral("ERROR: "))) << text.toStdString();
-    for (const char* step : {"Interface version = ", "MT_OpenForm.", "Opening form 'PasswordForm'", "Opening form 'ConfigForm'", "MT_Logout.", "MT_Exit."})
+    for (const char* step : {"Interface version = ", "MT_OpenForm.", "Opening form 'PasswordForm'", "Opening form 'ConfigForm'", "Opening form 'FrmLevels'", "MT_Logout.", "MT_Exit."})
         EXPECT_TRUE(text.contains(QString::fromLatin1(step))) << step;
 }
 
