@@ -1,7 +1,7 @@
 #pragma once
 
-// The present levels of a channel or a stream, in dB against the station's work-level
-// reference; -110 means no signal. While valid is false the engine has nothing measured to
+// The present peak levels of a channel or a stream, in dB of full scale (0 dBFS is the
+// loudest sample); -110 means no signal. While valid is false the engine has nothing measured to
 // give (the channel is stopped or has not delivered a buffer yet) and the levels are silence.
 struct AudioLevels
 {
