@@ -33,10 +33,16 @@ public:
 
     QString Failure() const { return m_failure; }
 
+    // Ends the server as a crash would end the session, but lets it unregister itself: a
+    // killed jackd leaves its entry in JACK's shared registry, and a few of those make every
+    // later server refuse to start.
     void Kill()
     {
-        m_jackd.kill();
-        m_jackd.waitForFinished(5000);
+        m_jackd.terminate();
+        if (!m_jackd.waitForFinished(5000)) {
+            m_jackd.kill();
+            m_jackd.waitForFinished(5000);
+        }
     }
 
 private:
