@@ -1,5 +1,4 @@
 #include "foundation/Ini.h"
-#include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernelapi/iCart.h"
@@ -12,34 +11,16 @@
 #include "kernelapi/iPlayListItem.h"
 #include "kernelapi/iPlayLists.h"
 #include <QTemporaryDir>
-#include <QUrl>
-#include <QUrlQuery>
+#include "support/TestServer.h"
 #include <gtest/gtest.h>
 
 namespace {
 // The cart world's SQL on a PostgreSQL server named by KORVANE_TEST_POSTGRES, in a schema of
 // its own that the test empties and fills.
-QString ServerLocation()
-{
-    const QString uri = qEnvironmentVariable("KORVANE_TEST_POSTGRES");
-    if (uri.isEmpty())
-        return {};
-    QUrl url(uri);
-    QUrlQuery query(url);
-    query.removeAllQueryItems(QStringLiteral("schema"));
-    query.addQueryItem(QStringLiteral("schema"), QStringLiteral("korvane_carts_tests"));
-    url.setQuery(query);
-    return url.toString();
-}
-
 void FillCatalogue(Database& db)
 {
-    CatalogueSchema::CreateSoundSchema(db);
-    CatalogueSchema::CreateUserSchema(db);
-    CatalogueSchema::CreateKernelSchema(db);
-    for (const char* table : {"Cart", "Sound", "RMacro", "Usuari", "Grup", "RGrup", "Familia", "RFamilia", "PlayList",
-                              "PlayListItem", "Config", "StationConfig", "Contents", "Application"})
-        db.Execute(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
+    ResetCatalogue(db, {"Cart", "Sound", "RMacro", "Usuari", "Grup", "RGrup", "Familia", "RFamilia", "PlayList",
+                        "PlayListItem", "Config", "StationConfig", "Contents", "Application"});
     const QStringList rows{
         "INSERT INTO Familia (ID, Descripcio, Tothom) VALUES ('JIN', 'Jingles', TRUE)",
         "INSERT INTO Familia (ID, Descripcio, Tothom) VALUES ('MES', 'Macros', FALSE)",
@@ -77,7 +58,7 @@ QStringList IDsOf(const iFamily& family)
 
 TEST(CartsOnServer, CartsFamiliesMacrosAndPlaylistsWorkOnAServerCatalogue)
 {
-    const QString location = ServerLocation();
+    const QString location = TestServerLocation(QStringLiteral("korvane_carts_tests"));
     if (location.isEmpty())
         GTEST_SKIP() << "KORVANE_TEST_POSTGRES is not set";
     FillCatalogue(*Database::Open(location, Database::OpenMode::Create));

@@ -1,6 +1,5 @@
 #include "foundation/Ini.h"
 #include "foundation/Strings.h"
-#include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernelapi/iRecordset.h"
@@ -8,33 +7,15 @@
 #include "kernelapi/iUser.h"
 #include "kernelapi/iUsers.h"
 #include <QTemporaryDir>
-#include <QUrl>
-#include <QUrlQuery>
+#include "support/TestServer.h"
 #include <gtest/gtest.h>
 
 namespace {
 // KORVANE_TEST_POSTGRES names a database of a server; the kernel's tests use a schema of
 // their own in it, which they empty and fill.
-QString ServerLocation()
-{
-    const QString uri = qEnvironmentVariable("KORVANE_TEST_POSTGRES");
-    if (uri.isEmpty())
-        return {};
-    QUrl url(uri);
-    QUrlQuery query(url);
-    query.removeAllQueryItems(QStringLiteral("schema"));
-    query.addQueryItem(QStringLiteral("schema"), QStringLiteral("korvane_kernel_tests"));
-    url.setQuery(query);
-    return url.toString();
-}
-
 void FillCatalogue(Database& db)
 {
-    CatalogueSchema::CreateSoundSchema(db);
-    CatalogueSchema::CreateUserSchema(db);
-    CatalogueSchema::CreateKernelSchema(db);
-    for (const char* table : {"Cart", "Usuari", "Config", "StationConfig", "Contents", "Application"})
-        db.Execute(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
+    ResetCatalogue(db, {"Cart", "Usuari", "Config", "StationConfig", "Contents", "Application"});
     db.Query(QStringLiteral("INSERT INTO Usuari (ID, Password, Privilege, Fails) VALUES ('ON AIR', ?, 0, 0)"),
              {ScramblePassword(QStringLiteral("pw"))});
     db.Execute(QStringLiteral("INSERT INTO Cart (ID, Descripcio, Type) VALUES ('JIN0001', 'Morning jingle', 'S')"));
@@ -51,7 +32,7 @@ StationFolder ServerStation(const QTemporaryDir& dir, const QString& id, const Q
 
 TEST(KernelOnServer, TwoStationsShareTheCatalogueOfAServer)
 {
-    const QString location = ServerLocation();
+    const QString location = TestServerLocation(QStringLiteral("korvane_kernel_tests"));
     if (location.isEmpty())
         GTEST_SKIP() << "KORVANE_TEST_POSTGRES is not set";
     FillCatalogue(*Database::Open(location, Database::OpenMode::Create));
