@@ -108,8 +108,11 @@ QString Cart::TypeName() const
 
 std::shared_ptr<iObjectWithProperties> Cart::Properties() const
 {
-    if (!m_properties)
-        m_properties = std::make_shared<PropertyBag>();
+    if (!m_properties) {
+        // A saved cart brings back the properties it was saved with.
+        const QString stored = m_record.id.isEmpty() ? QString() : m_world->Store().ReadProperties(m_record.id);
+        m_properties = stored.isEmpty() ? std::make_shared<PropertyBag>() : PropertyBag::FromText(stored);
+    }
     return m_properties;
 }
 
@@ -151,6 +154,8 @@ bool Cart::WriteRows()
             m_record.time = sound->FileStop() - sound->FileStart();
     }
     const bool inserted = store.Write(m_record);
+    if (m_properties)
+        store.WriteProperties(m_record.id, m_properties->ToText());
     if (writeSound) {
         SoundObject()->Save();
         m_record.hasSound = true;

@@ -1,10 +1,13 @@
 #include "kernel/CartStore.h"
+#include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
 #include "kernel/CartID.h"
 #include "kernel/WriteRule.h"
 #include <QSqlQuery>
 
 namespace {
+const QString PropertiesTable = QStringLiteral("CartProperties");
+
 const QString CartColumns = QStringLiteral(
     "SELECT Cart.ID, Cart.Descripcio, Cart.Comentari, Cart.Type, Cart.StartDate, Cart.StopDate, Cart.Time, "
     "Sound.ID, Sound.Start, Sound.Stop, Sound.StartMark, Sound.StopMark FROM Cart LEFT JOIN Sound ON Sound.ID = Cart.ID ");
@@ -132,6 +135,8 @@ void CartStore::SetTime(const QString& id, qint32 ms)
 
 void CartStore::Delete(const QString& id)
 {
+    if (m_db->HasTable(PropertiesTable))
+        m_db->Query(QStringLiteral("DELETE FROM CartProperties WHERE ID = ?"), {id});
     m_db->Query(QStringLiteral("DELETE FROM RMacro WHERE MacroID = ?"), {id});
     m_db->Query(QStringLiteral("DELETE FROM Cart WHERE ID = ?"), {id});
 }
@@ -153,6 +158,9 @@ void CartStore::Copy(const QString& sourceID, const QString& destinationID, cons
     }
     if (record->type == CartType::Macro)
         WriteSteps(destinationID, Steps(sourceID));
+    const QString properties = ReadProperties(sourceID);
+    if (!properties.isEmpty())
+        WriteProperties(destinationID, properties);
 }
 
 void CartStore::Move(const QString& sourceID, const QString& destinationID)
@@ -165,6 +173,25 @@ void CartStore::Move(const QString& sourceID, const QString& destinationID)
     // The backup of the sound's marks goes with the sound.
     if (m_db->HasTable(QStringLiteral("SoundBackup")))
         m_db->Query(QStringLiteral("UPDATE SoundBackup SET ID = ? WHERE ID = ?"), binds);
+    if (m_db->HasTable(PropertiesTable))
+        m_db->Query(QStringLiteral("UPDATE CartProperties SET ID = ? WHERE ID = ?"), binds);
+}
+
+QString CartStore::ReadProperties(const QString& id) const
+{
+    if (!m_db->HasTable(PropertiesTable))
+        return {};
+    QSqlQuery query = m_db->Query(QStringLiteral("SELECT Properties FROM CartProperties WHERE ID = ?"), {id});
+    return query.next() ? query.value(0).toString() : QString();
+}
+
+void CartStore::WriteProperties(const QString& id, const QString& text)
+{
+    // A station made before carts kept their properties gets the table on first use.
+    if (!m_db->HasTable(PropertiesTable))
+        CatalogueSchema::CreateKernelSchema(*m_db);
+    m_db->Query(QStringLiteral("DELETE FROM CartProperties WHERE ID = ?"), {id});
+    m_db->Query(QStringLiteral("INSERT INTO CartProperties (ID, Properties) VALUES (?, ?)"), {id, text});
 }
 
 bool CartStore::HasSound(const QString& id) const

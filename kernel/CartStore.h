@@ -39,6 +39,9 @@ public:
     void Move(const QString& sourceID, const QString& destinationID);
 
     bool HasSound(const QString& id) const;
+    // The stored properties of a cart in their text form; empty when it has none.
+    QString ReadProperties(const QString& id) const;
+    void WriteProperties(const QString& id, const QString& text);
     // The stored Filename of a sound cart; empty when it has none.
     QString FileNameOf(const QString& id) const;
     // How many Sound rows name this file.

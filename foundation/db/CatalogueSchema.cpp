@@ -151,6 +151,8 @@ std::vector<Table> KernelTables()
           Integer("StartMark", "DEFAULT 0"), Integer("StopMark", "DEFAULT 0")},
          {"ID"},
          {}},
+        // The named properties of a cart (a player's default volume among them), as JSON text.
+        {"CartProperties", {Text("ID", 7, "NOT NULL"), Text("Properties", 0)}, {"ID"}, {}},
         // Playlists: the lists of the station and their rows, in Index order.
         {"PlayList",
          {Text("ID", 10, "NOT NULL"), Text("Name", 50), Text("Description", 255), Text("MacroID", 7), Boolean("Chained"),

@@ -13,7 +13,8 @@ class SqlDialect;
 //   inserted by position).
 // - User (User.MDB): Usuari, Grup, RGrup, Familia, RFamilia, Client, Config.
 // - Kernel: the stores Config and StationConfig, translations (Contents), Application,
-//   playlists (PlayList, PlayListItem), the backups of sound marks (SoundBackup), and
+//   playlists (PlayList, PlayListItem), the backups of sound marks (SoundBackup), the
+//   properties of carts (CartProperties), and
 //   the disc library: Filters, Jingles, Ads, Clocks, DiscInfoIDs, All, Sections,
 //   CrossSections (a table the disc library fills, one column per property it filters on),
 //   and local_/remote_ Discs, Tracks, Keywords, RecordCompanies, Supports.

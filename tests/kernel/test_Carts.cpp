@@ -1,4 +1,5 @@
 #include "test_CartsFixture.h"
+#include "kernelapi/iObjectWithProperties.h"
 #include "kernelapi/iSound.h"
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -173,6 +174,28 @@ TEST_F(CartsTest, CopyAndMoveRefuseAMissingSourceOrATakenDestination)
     EXPECT_EQ(StoredFile(QStringLiteral("JIN0030")), file);
     EXPECT_EQ(Read(SoundDb, QStringLiteral("SELECT COUNT(*) FROM RMacro WHERE SoundID = 'JIN0030'")).toInt(), 1);
     EXPECT_EQ(Read(SoundDb, QStringLiteral("SELECT COUNT(*) FROM RMacro WHERE SoundID = 'JIN0003'")).toInt(), 0);
+}
+
+TEST_F(CartsTest, PropertiesAreKeptWithTheCartAndFollowItsCopiesMovesAndDeletion)
+{
+    const auto cart = carts->Cart(QStringLiteral("JIN0002"));
+    cart->Properties()->SetProperty(QStringLiteral("DefaultVolume"), -7);
+    cart->Save();
+    EXPECT_EQ(Reopen()->Carts()->Cart(QStringLiteral("JIN0002"))->Properties()->Property(QStringLiteral("DefaultVolume")).toInt(), -7);
+
+    ASSERT_TRUE(carts->CopyCart(QStringLiteral("JIN0002"), QStringLiteral("JIN0060")));
+    ASSERT_TRUE(carts->MoveCart(QStringLiteral("JIN0002"), QStringLiteral("JIN0061")));
+    const auto reopened = Reopen()->Carts();
+    EXPECT_EQ(reopened->Cart(QStringLiteral("JIN0060"))->Properties()->Property(QStringLiteral("DefaultVolume")).toInt(), -7);
+    EXPECT_EQ(reopened->Cart(QStringLiteral("JIN0061"))->Properties()->Property(QStringLiteral("DefaultVolume")).toInt(), -7);
+
+    // A cart made again under a deleted ID starts with no properties.
+    ASSERT_FALSE(carts->DeleteCart(QStringLiteral("JIN0061"), false).failed);
+    const auto fresh = carts->NewCart();
+    fresh->SetID(QStringLiteral("JIN0061"));
+    fresh->SetType(CartType::Control);
+    fresh->Save();
+    EXPECT_FALSE(Reopen()->Carts()->Cart(QStringLiteral("JIN0061"))->Properties()->HasProperty(QStringLiteral("DefaultVolume")));
 }
 
 TEST_F(CartsTest, EmptyExportAndPrint)
