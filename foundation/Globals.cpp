@@ -2,6 +2,8 @@
 #include "foundation/db/Database.h"
 #include "foundation/db/Recordset.h"
 #include "kernelapi/CKernel.h"
+#include "kernelapi/KernelError.h"
+#include "kernelapi/iUsers.h"
 
 namespace Globals {
 namespace {
@@ -14,6 +16,15 @@ std::shared_ptr<CKernel>& TheKernel()
 
 std::shared_ptr<CKernel> Kernel() { return TheKernel(); }
 void SetKernel(std::shared_ptr<CKernel> kernel) { TheKernel() = std::move(kernel); }
+
+std::shared_ptr<iUsers> Users()
+{
+    auto kernel = Kernel();
+    auto users = kernel ? kernel->Users() : nullptr;
+    if (!users)
+        throw KernelError(QStringLiteral("The kernel's users are not available"));
+    return users;
+}
 
 Station& TheStation()
 {

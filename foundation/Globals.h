@@ -4,6 +4,7 @@
 #include <memory>
 
 class CKernel;
+class iUsers;
 class Database;
 class Recordset;
 
@@ -12,6 +13,8 @@ class Recordset;
 // shared recordsets are opened by SetRecordsets and requeried by the background timer.
 namespace Globals {
 std::shared_ptr<CKernel> Kernel();
+// The kernel's users; throws KernelError when there is no kernel (before start-up).
+std::shared_ptr<iUsers> Users();
 void SetKernel(std::shared_ptr<CKernel> kernel);
 
 struct Station

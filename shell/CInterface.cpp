@@ -108,5 +108,5 @@ void CInterface::PushMenu()
 
 std::shared_ptr<iUser> CInterface::CurrentUser() const
 {
-    return Globals::Kernel()->Users()->CurrentUser();
+    return Globals::Users()->CurrentUser();
 }

@@ -6,9 +6,7 @@
 #include "kernelapi/iUser.h"
 #include "kernelapi/iUsers.h"
 #include "shell/Artwork.h"
-#include "shell/CInterface.h"
 #include "shell/InitForm.h"
-#include "shell/modInterface.h"
 #include <QGridLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -74,7 +72,7 @@ void ConfigForm::Form_Load()
 {
     Guarded(Object, QStringLiteral("Form_Load"), [this] {
         TranslateWithKernel(this);
-        const auto user = Globals::Kernel()->Users()->CurrentUser();
+        const auto user = Globals::Users()->CurrentUser();
         const bool administrator = user && user->Privilege() == 1;
         for (auto it = m_buttons.cbegin(); it != m_buttons.cend(); ++it)
             if (AdministratorsOnly(it.key()))
@@ -95,6 +93,5 @@ void ConfigForm::Cmd_Click(int index)
 
 void ConfigForm::Form_Unload()
 {
-    if (CInterface* ui = modInterface::Interface())
-        ui->ShowMenu();
+    ReturnToMenu();
 }

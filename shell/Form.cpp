@@ -1,4 +1,6 @@
 #include "shell/Form.h"
+#include "shell/CInterface.h"
+#include "shell/modInterface.h"
 #include <QCloseEvent>
 
 namespace {
@@ -44,6 +46,12 @@ Form* Form::Find(const QString& name)
         if (form->objectName() == name)
             return form;
     return nullptr;
+}
+
+void Form::ReturnToMenu()
+{
+    if (CInterface* ui = modInterface::Interface())
+        ui->ShowMenu();
 }
 
 void Form::showEvent(QShowEvent* event)

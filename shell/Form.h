@@ -25,6 +25,8 @@ protected:
     // Asked before the form closes; false keeps it open.
     virtual bool Form_QueryUnload() { return true; }
     virtual void Form_Unload() {}
+    // The way back from a screen: shows the menu form again.
+    void ReturnToMenu();
 
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

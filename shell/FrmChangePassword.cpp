@@ -1,6 +1,7 @@
 #include "shell/FrmChangePassword.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
+#include "foundation/Log.h"
 #include "foundation/Tr.h"
 #include "foundation/ui/Dialogs.h"
 #include "foundation/ui/TranslateWidgets.h"
@@ -8,8 +9,6 @@
 #include "kernelapi/KernelError.h"
 #include "kernelapi/iUser.h"
 #include "kernelapi/iUsers.h"
-#include "shell/CInterface.h"
-#include "shell/modInterface.h"
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -86,7 +85,7 @@ void FrmChangePassword::CmdAccept_Click()
         return;
     }
     try {
-        const auto user = Globals::Kernel()->Users()->CurrentUser();
+        const auto user = Globals::Users()->CurrentUser();
         if (!user)
             throw KernelError(QStringLiteral("No user is logged in"));
         const auto change = user->ChangePassword(TxtOldPassword->text(), TxtNewPassword->text());
@@ -95,12 +94,12 @@ void FrmChangePassword::CmdAccept_Click()
         else
             Dialogs::MessageBox(change.message, Dialogs::Buttons::Ok, QStringLiteral("ERROR"));
     } catch (...) {
+        LogError(QStringLiteral("FrmChangePassword"), QStringLiteral("CmdAccept_Click"), DescribeException(std::current_exception()));
         Dialogs::MessageBox(QStringLiteral("Korvane_Interface.FrmChangePassword.CmdAccept_Click()\r\nNo es pot accedir a la jerarquia d'objectes"));
     }
 }
 
 void FrmChangePassword::Form_Unload()
 {
-    if (CInterface* ui = modInterface::Interface())
-        ui->ShowMenu();
+    ReturnToMenu();
 }

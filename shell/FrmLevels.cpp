@@ -3,8 +3,6 @@
 #include "foundation/ui/TranslateWidgets.h"
 #include "metering/IFChannelMonitor.h"
 #include "metering/IFVumeters.h"
-#include "shell/CInterface.h"
-#include "shell/modInterface.h"
 #include <QGridLayout>
 #include <QPushButton>
 
@@ -39,6 +37,5 @@ void FrmLevels::Form_Load()
 
 void FrmLevels::Form_Unload()
 {
-    if (CInterface* ui = modInterface::Interface())
-        ui->ShowMenu();
+    ReturnToMenu();
 }

@@ -78,7 +78,7 @@ void IFMenu::LoadControls()
 void IFMenu::SyncEnables()
 {
     Guarded(QStringLiteral("IFMenu"), QStringLiteral("SyncEnables"), [this] {
-        const bool loggedIn = Globals::Kernel()->Users()->CurrentUser() != nullptr;
+        const bool loggedIn = Globals::Users()->CurrentUser() != nullptr;
         for (int k = 1; k < m_buttons.size(); ++k) {
             const bool isLogin = m_buttons[k]->text() == QLatin1String("Login");
             m_buttons[k]->setEnabled(isLogin ? !loggedIn : loggedIn);

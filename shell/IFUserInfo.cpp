@@ -56,7 +56,7 @@ void IFUserInfo::TranslateMe()
 void IFUserInfo::Init()
 {
     Guarded(Object, QStringLiteral("Init"), [this] {
-        m_users = Globals::Kernel()->Users();
+        m_users = Globals::Users();
         connect(m_users.get(), &iUsers::CurrentUserChanged, this, &IFUserInfo::iUsers_CurrentUserChanged, Qt::UniqueConnection);
         SetCurrentUser();
     });

@@ -174,7 +174,7 @@ void InitForm::ConnectMenu()
     connect(m_menuSelector, &IFMenu::QueryExit, this, &InitForm::QueryUnloadApplication);
     connect(m_menuSelector, &IFMenu::Logout, this, [this] {
         Guarded(Object, QStringLiteral("MenuSelector_ObjectEvent"), [this] {
-            Globals::Kernel()->Users()->Logout();
+            Globals::Users()->Logout();
             RefreshInitForm();
         });
     });
@@ -267,10 +267,10 @@ void InitForm::MenuSelector_OpenForm(const QString& name)
         if (!form) {
             LogOk(Object, procedure, QStringLiteral("Adding the form '") + name + QLatin1Char('\''));
             QWidget* created = Registry::Create(name);
-            if (created && !qobject_cast<Form*>(created))
+            form = qobject_cast<Form*>(created);
+            if (created && !form)
                 delete created; // a control's name is no screen
             LogOk(Object, procedure, QStringLiteral("The form '") + name + QStringLiteral("' has been added."));
-            form = Form::Find(name);
             LogOk(Object, procedure, QStringLiteral("The form '") + name + QStringLiteral("' has been located. Typename = ")
                                         + TypeName(form));
         }

@@ -6,9 +6,7 @@
 #include "foundation/ui/TranslateWidgets.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iUsers.h"
-#include "shell/CInterface.h"
 #include "shell/InitForm.h"
-#include "shell/modInterface.h"
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -86,7 +84,7 @@ bool PasswordForm::eventFilter(QObject* watched, QEvent* event)
 void PasswordForm::Command1_Click()
 {
     Guarded(Object, QStringLiteral("Command1_Click"), [this] {
-        if (!Globals::Kernel()->Users()->Login(Text1->text(), Text2->text())) {
+        if (!Globals::Users()->Login(Text1->text(), Text2->text())) {
             Dialogs::MessageBox(Tr(QStringLiteral("User not accepted.")), Dialogs::Buttons::Ok, QStringLiteral("LOGIN"),
                                 Dialogs::Icon::Warning);
             Text1->clear();
@@ -101,10 +99,9 @@ void PasswordForm::Command1_Click()
 
 void PasswordForm::Form_Unload()
 {
-    Guarded(Object, QStringLiteral("Form_Unload"), [] {
+    Guarded(Object, QStringLiteral("Form_Unload"), [this] {
         InitForm::Instance()->setEnabled(true);
         InitForm::Instance()->RefreshInitForm();
-        if (CInterface* ui = modInterface::Interface())
-            ui->ShowMenu();
+        ReturnToMenu();
     });
 }

@@ -372,14 +372,18 @@ void CartPlayer::ArmNext()
     if (Loops() || !m_queue.GoesOnByItself())
         return;
     const std::optional<PlayStep> next = m_queue.Next();
-    if (!next)
+    if (!next || (next->cart.get() == m_unarmableCart && next->row == m_unarmableRow))
         return;
     try {
         PrepareVoice(Other(), *next, 0);
         Other().Start(true);
         m_otherRole = Role::Next;
+        m_unarmableCart = nullptr;
+        m_unarmableRow = -1;
     } catch (const KernelError& e) {
         m_log.Error(Object, QStringLiteral("ArmNext"), e.Description());
+        m_unarmableCart = next->cart.get();
+        m_unarmableRow = next->row;
     }
 }
 

@@ -127,6 +127,10 @@ private:
     PlayQueue m_queue;
     int m_front = 0;
     Role m_otherRole = Role::Idle;
+    // The next step that could not be armed is not tried again from the tick, so that a
+    // broken file costs one ERROR line and one decode, not one every tick.
+    const iCart* m_unarmableCart = nullptr;
+    int m_unarmableRow = -1;
     CartPlayerStatus m_status = CartPlayerStatus::Ready;
     QString m_title;
     int m_cue = 0;

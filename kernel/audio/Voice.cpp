@@ -82,7 +82,7 @@ int Voice::PositionMs() const
     const std::int64_t reached = m_originMs + m_consumed.load(std::memory_order_acquire) * 1000 / m_sampleRate;
     if (reached < m_stopMs)
         return static_cast<int>(reached);
-    if (!m_loop.load(std::memory_order_relaxed))
+    if (!m_loop.load(std::memory_order_relaxed) || m_stopMs <= m_startMs)
         return m_stopMs;
     return m_startMs + static_cast<int>((reached - m_stopMs) % (m_stopMs - m_startMs));
 }
@@ -176,7 +176,8 @@ std::optional<int> Voice::Render(float* bus, int frames, EngineEvents& events)
         return count;
     }
     if (count < want) {
-        m_rtFade = m_rtRun ? m_rtFade : 0;
+        // Sound that comes back after a gap fades in again instead of clicking.
+        m_rtFade = 0;
         if (m_rtRun)
             m_underruns.fetch_add(1, std::memory_order_relaxed);
     }
