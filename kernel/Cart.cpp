@@ -276,7 +276,7 @@ bool Cart::Empty()
     }
 }
 
-void Cart::RemoveSound(bool removeFile)
+QString Cart::RemoveSound(bool removeFile)
 {
     CartStore& store = m_world->Store();
     const QString fileName = store.FileNameOf(m_record.id);
@@ -284,11 +284,14 @@ void Cart::RemoveSound(bool removeFile)
     if (removeFile && shared)
         m_world->Log().Warn(Object, QStringLiteral("RemoveSound"),
                             QStringLiteral("%1: the file %2 is kept, another sound uses it").arg(m_record.id, fileName));
-    SoundObject()->Remove(removeFile && !shared);
+    const std::shared_ptr<::Sound> sound = SoundObject();
+    const QString file = removeFile && !shared ? sound->FileName() : QString();
+    sound->Remove(false);
     m_record.hasSound = false;
     m_record.time = 0;
     m_record.soundStart = m_record.soundStop = m_record.startMark = m_record.stopMark = 0;
     store.SetTime(m_record.id, 0);
+    return file;
 }
 
 std::shared_ptr<iCart> Cart::TemporaryCopy()

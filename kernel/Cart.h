@@ -61,7 +61,9 @@ public:
     void SetTime(qint32 ms) { m_record.time = ms; }
     // Removes the sound of a sound cart inside the caller's transaction: its Sound row, and
     // with removeFile its audio and energy files unless another sound names the same file.
-    void RemoveSound(bool removeFile);
+    // Removes the sound's rows; the file to delete once the change is committed comes back
+    // (empty when the file stays: not asked for, or another sound uses it).
+    QString RemoveSound(bool removeFile);
 
 private:
     std::shared_ptr<::Sound> SoundObject() const;

@@ -1,4 +1,5 @@
 #include "kernel/Carts.h"
+#include "kernel/Sound.h"
 #include "foundation/db/Database.h"
 #include "kernel/Cart.h"
 #include "kernel/CartID.h"
@@ -91,11 +92,14 @@ Outcome Carts::DeleteCart(const QString& cartID, bool removeFile)
         if (!m_world->Store().Exists(id))
             throw KernelError(QStringLiteral("Cart %1 does not exist").arg(id));
         const std::shared_ptr<::Cart> cart = m_world->LiveCart(id);
+        QString file;
         m_world->Db()->Transaction([&] {
             if (cart->Type() == CartType::Sound)
-                cart->RemoveSound(removeFile);
+                file = cart->RemoveSound(removeFile);
             m_world->Store().Delete(id);
         });
+        // The file goes only once the rows are gone for good.
+        Sound::DeleteFiles(file);
         m_world->Deleted(id);
         m_world->Log().Ok(Object, QStringLiteral("DeleteCart"), QStringLiteral("Cart %1 deleted%2").arg(id, removeFile ? QStringLiteral(" with its file") : QString()));
         return {};

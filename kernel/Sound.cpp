@@ -152,6 +152,14 @@ void Sound::FitMarks(qint32 lengthMs)
     m_marks.stopMark = std::clamp(m_marks.stopMark, 0, lengthMs);
 }
 
+void Sound::DeleteFiles(const QString& file)
+{
+    if (file.isEmpty())
+        return;
+    QFile::remove(file);
+    QFile::remove(EnergyFile::PathFor(file));
+}
+
 void Sound::Remove(bool deleteFile)
 {
     const QString file = FileName();
@@ -160,10 +168,8 @@ void Sound::Remove(bool deleteFile)
         m_db->Query(QStringLiteral("DELETE FROM Sound WHERE ID = ?"), {m_id});
         m_db->Query(QStringLiteral("DELETE FROM SoundBackup WHERE ID = ?"), {m_id});
     });
-    if (deleteFile && !file.isEmpty()) {
-        QFile::remove(file);
-        QFile::remove(EnergyFile::PathFor(file));
-    }
+    if (deleteFile)
+        DeleteFiles(file);
     m_storedName.clear();
     m_marks = {};
     m_customer.clear();

@@ -55,6 +55,8 @@ public:
     // Removes the Sound row and the backup of the marks; with deleteFile also the audio file
     // and its energy file. The object is then an empty sound again.
     void Remove(bool deleteFile);
+    // Deletes an audio file and its energy file.
+    static void DeleteFiles(const QString& file);
 
 private:
     struct Marks
