@@ -89,7 +89,7 @@ SqlShape SqlShape::Of(const QString& sql)
     const size_t table = SqlTokenizer::NextSignificant(tokens, c.from + 1);
     const bool named = table < tokens.size()
                        && (tokens[table].kind == SqlToken::Kind::Word || tokens[table].kind == SqlToken::Kind::Name)
-                       && !EndsFrom(tokens[table]);
+                       && !EndsFrom(tokens[table]) && !tokens[table].value.isEmpty(); // "[]" names no table
     const size_t fromEnd = std::min(c.where, c.order);
     shape.m_selectList = Trimmed(tokens, first, c.from);
     shape.m_from = Trimmed(tokens, c.from + 1, fromEnd);
