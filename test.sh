@@ -23,7 +23,7 @@ if [ "${KORVANE_FUZZ_SECONDS:-20}" -gt 0 ] && command -v clang++ >/dev/null; the
     [ -f "$fuzzer" ] && [ -x "$fuzzer" ] || continue
     name=$(basename "$fuzzer"); name=${name#fuzz_}
     scratch=$(mktemp -d)
-    "$fuzzer" -max_total_time="${KORVANE_FUZZ_SECONDS:-20}" -timeout=5 "$scratch" "tests/fuzz/corpus/$name" >"build/fuzz/$name.log" 2>&1 \
+    "$fuzzer" -max_total_time="${KORVANE_FUZZ_SECONDS:-20}" -timeout=5 -artifact_prefix=build/fuzz/ "$scratch" "tests/fuzz/corpus/$name" >"build/fuzz/$name.log" 2>&1 \
       || { tail -40 "build/fuzz/$name.log"; rm -rf "$scratch"; echo "fuzz_$name found a fault"; exit 1; }
     rm -rf "$scratch"
     echo "fuzz_$name: clean for ${KORVANE_FUZZ_SECONDS:-20} s"
