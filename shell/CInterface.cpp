@@ -1,4 +1,7 @@
 #include "shell/CInterface.h"
+#include "browse/drag/CDrag.h"
+#include "browse/drag/CMouseController.h"
+#include "shell/components/CComponents.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Log.h"
@@ -7,11 +10,12 @@
 #include "kernelapi/iUsers.h"
 #include "shell/FrmMessage.h"
 #include "shell/InitForm.h"
-#include <QCursor>
 
 CInterface::CInterface()
+    : m_mouseController(std::make_unique<CMouseController>())
+    , m_drag(std::make_unique<CDrag>())
+    , m_components(std::make_unique<CComponents>())
 {
-    // The drag, component and mouse objects join these steps when the drag work arrives.
     GuardedWith(QStringLiteral("Class_Initialize"), [this](Step& step) {
         step(QStringLiteral("ShowMenu"));
         ShowMenu();
@@ -28,6 +32,7 @@ CInterface::~CInterface()
 void CInterface::CleanUp()
 {
     MessagePop();
+    m_components->Clear();
 }
 
 QString CInterface::Version()
@@ -39,7 +44,7 @@ void CInterface::MessagePush(const QString& text)
 {
     MessagePop();
     m_message = new FrmMessage;
-    const QPoint pointer = QCursor::pos();
+    const QPoint pointer = m_mouseController->Pointer();
     m_message->SetCaption(text);
     m_message->move(pointer.x() - m_message->width() / 2, pointer.y() - m_message->height() / 2 - 15);
     m_message->show();

@@ -3,11 +3,15 @@
 #include <QPointer>
 #include <memory>
 
+class CComponents;
+class CDrag;
+class CMouseController;
 class FrmMessage;
 class iUser;
 
-// The root of the user interface: the message window, the menu watchdog, the version text
-// and the road back to the menu. Created once by StartInterface; creating it shows the menu.
+// The root of the user interface: the drag, the component registry and the pointer facts that
+// every control shares, the message window, the menu watchdog, the version text and the road
+// back to the menu. Created once by StartInterface; creating it shows the menu.
 class CInterface : public QObject
 {
     Q_OBJECT
@@ -34,7 +38,14 @@ public:
 
     std::shared_ptr<iUser> CurrentUser() const;
 
+    CDrag& Drag() const { return *m_drag; }
+    CComponents& Components() const { return *m_components; }
+    CMouseController& MouseController() const { return *m_mouseController; }
+
 private:
+    std::unique_ptr<CMouseController> m_mouseController;
+    std::unique_ptr<CDrag> m_drag;
+    std::unique_ptr<CComponents> m_components;
     QPointer<FrmMessage> m_message;
     int m_menuCounter = 0;
 };
