@@ -10,6 +10,7 @@
 #include "shell/PasswordForm.h"
 #include "shell/Theme.h"
 #include "shell/modMain.h"
+#include "support/Photograph.h"
 #include "support/TempStation.h"
 #include <QApplication>
 #include <QDate>
@@ -27,14 +28,6 @@ namespace {
 QString BuildDir()
 {
     return QStringLiteral(KORVANE_BUILD_DIR);
-}
-
-// Writes a picture of a window to build/screenshots/NAME.png.
-void Photograph(QWidget* window, const QString& name)
-{
-    const QString folder = BuildDir() + QStringLiteral("/screenshots");
-    QDir().mkpath(folder);
-    window->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
 }
 
 QPushButton* MenuButton(const QString& caption)

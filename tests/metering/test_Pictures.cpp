@@ -10,17 +10,10 @@
 #include "metering/IFVumeters.h"
 #include "metering/MeterTest.h"
 #include "shell/Theme.h"
+#include "support/Photograph.h"
 #include <QApplication>
-#include <QDir>
 
 namespace {
-void Photograph(QWidget* widget, const QString& name)
-{
-    const QString folder = QStringLiteral(KORVANE_BUILD_DIR "/screenshots");
-    QDir().mkpath(folder);
-    EXPECT_TRUE(widget->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
-}
-
 class Pictures : public MeterTest
 {
 protected:
@@ -63,12 +56,12 @@ TEST_F(Pictures, MeterRowAtSilenceWorkLevelAndOverload)
     while (!row.Blink())
         Ticks(1);
     QApplication::processEvents();
-    Photograph(&row, QStringLiteral("meters-silence"));
+    EXPECT_TRUE(Photograph(&row, QStringLiteral("meters-silence")));
 
     SetLevels(-12, -14, -20);
     Ticks(50);
     QApplication::processEvents();
-    Photograph(&row, QStringLiteral("meters-work-level"));
+    EXPECT_TRUE(Photograph(&row, QStringLiteral("meters-work-level")));
 
     // Loud passages, then a drop: the peak dots hang above the bars and the lamps stay lit.
     SetLevels(-1.5f, -4, -8);
@@ -76,7 +69,7 @@ TEST_F(Pictures, MeterRowAtSilenceWorkLevelAndOverload)
     SetLevels(-14, -18, -22);
     Ticks(3);
     QApplication::processEvents();
-    Photograph(&row, QStringLiteral("meters-overload"));
+    EXPECT_TRUE(Photograph(&row, QStringLiteral("meters-overload")));
 }
 
 TEST_F(Pictures, SmallControls)
@@ -138,5 +131,5 @@ TEST_F(Pictures, SmallControls)
     single->PrintText(QStringLiteral("Single border"));
     single->PrintText(QStringLiteral("centred"), true, true);
     QApplication::processEvents();
-    Photograph(&sheet, QStringLiteral("controls"));
+    EXPECT_TRUE(Photograph(&sheet, QStringLiteral("controls")));
 }
