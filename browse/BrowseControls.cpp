@@ -1,0 +1,11 @@
+#include "browse/BrowseControls.h"
+#include "browse/IFBrowserCart.h"
+#include "browse/IFBrowserFamily.h"
+
+namespace Browse {
+void RegisterControls(const std::function<void(const QString&, ControlFactory)>& add)
+{
+    add(QStringLiteral("Korvane_Interface.IFBrowserFamily"), [](QWidget* parent) -> QWidget* { return new IFBrowserFamily(parent); });
+    add(QStringLiteral("Korvane_Interface.IFBrowserCart"), [](QWidget* parent) -> QWidget* { return new IFBrowserCart(parent); });
+}
+}

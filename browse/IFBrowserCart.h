@@ -1,0 +1,208 @@
+#pragma once
+#include "browse/CSignalArrow.h"
+#include <QMap>
+#include <QPointer>
+#include <QStringList>
+#include <QWidget>
+#include <memory>
+#include <optional>
+
+class BrowserRowModel;
+class CComponent;
+class QLabel;
+class QLineEdit;
+class QMouseEvent;
+class QPushButton;
+class QTimer;
+class QToolButton;
+class QTreeView;
+class UCProgressBar;
+class iCart;
+class iFamily;
+class iMacro;
+
+// The list of carts of one family or of one macro under edit: the main place carts are
+// picked from, searched and dragged. A family fills in batches of a hundred rows that yield
+// to the event loop and show progress, so that ten thousand carts never freeze the screen,
+// and Stop ends the fill at the next batch. A macro's list ends with a ghost row, the place
+// where the next cart is dropped.
+class IFBrowserCart : public QWidget
+{
+    Q_OBJECT
+public:
+    enum Modes { NothingLoaded = 0, FamilyMode = 1, MacroMode = 2 };
+    static constexpr int RowsPerBatch = 100;
+
+    explicit IFBrowserCart(QWidget* parent = nullptr);
+    ~IFBrowserCart() override;
+
+    int Mode() const { return m_mode; }
+    bool AllowSounds() const { return m_allowSounds; }
+    void SetAllowSounds(bool allow) { m_allowSounds = allow; }
+    bool AllowMacros() const { return m_allowMacros; }
+    void SetAllowMacros(bool allow) { m_allowMacros = allow; }
+    bool AllowControls() const { return m_allowControls; }
+    void SetAllowControls(bool allow) { m_allowControls = allow; }
+    bool AllowMultipleSelection() const { return m_allowMultipleSelection; }
+    void SetAllowMultipleSelection(bool allow);
+    bool Grayed() const { return m_grayed; }
+    void SetGrayed(bool grayed);
+    bool AcceptMacros() const { return m_acceptMacros; }
+    void SetAcceptMacros(bool accept);
+    bool AcceptFamilyDrops() const { return m_acceptFamilyDrops; }
+    void SetAcceptFamilyDrops(bool accept) { m_acceptFamilyDrops = accept; }
+    bool ShowDiscControls() const { return m_showDiscControls; }
+    void SetShowDiscControls(bool show);
+    bool CompatibleWithOldDragDropBehaviour() const { return m_oldDragDrop; }
+    void SetCompatibleWithOldDragDropBehaviour(bool old) { m_oldDragDrop = old; }
+    bool Selected() const { return m_selected; }
+    void SetSelected(bool selected);
+    bool SignalArrowsEnabled() const { return m_signalArrows.has_value(); }
+    void SetSignalArrowsEnabled(bool enabled);
+
+    // The key of the selected row, "" without one; set selects the row of that key.
+    QString SelectedCartID() const;
+    void SetSelectedCartID(const QString& cartID);
+    // The browser of this form with the same name that is Selected; this one when none is.
+    IFBrowserCart* SelectedBrother();
+    bool IsEmpty() const;
+    bool Available(const iCart& cart) const;
+    bool Useful(int row) const;
+    int UsefulCount() const;
+    void Reselect(const QStringList& ids);
+
+    void LoadFamily(const std::shared_ptr<iFamily>& family);
+    void LoadFamilyByName(const QString& familyID);
+    void LoadMacro(const std::shared_ptr<iMacro>& macro);
+    void LoadMacroByName(const QString& cartID);
+    void Eject();
+    // A new empty macro under edit.
+    void New();
+    void SendCart(const QString& cartID, bool atArrow, bool atSelection);
+    void AppendByName(const QString& cartID, bool atArrow, bool atSelection);
+    // Asks a running family fill to end at its next batch (the Stop button).
+    void Stop() { m_stop = true; }
+    bool Filling() const { return m_filling; }
+
+    void ArrowPush(int row);
+    void ArrowRedPush(int row);
+    void ArrowPop();
+    int ArrowRow() const { return m_arrow ? m_arrow->row : -1; }
+    void AddSignalArrow(const QString& cartID, qint32 color);
+    void ClearSignalArrows();
+    void Search(const QString& text, bool idOnly, bool prefixOnly);
+    void ParseGhost(bool selectGhost, int rowToShow);
+    void ParseUnGhost();
+    void DeleteSelectedItem();
+    void InsertDummyItem();
+    // Receives a component dropped on the browser: a family loads, a cart is added to a macro.
+    void Component_DragDrop(const std::shared_ptr<CComponent>& source);
+
+    // One tick of each timer, also callable directly.
+    void TmrArrow_Timer();
+    void TmrSignalArrows_Timer();
+
+    std::shared_ptr<iFamily> Family() const { return m_family; }
+    std::shared_ptr<iMacro> Macro() const { return m_macro; }
+    std::shared_ptr<CComponent> Component() const { return m_component; }
+    std::shared_ptr<CComponent> HoverComponent() const { return m_hover; }
+    BrowserRowModel& Rows() const { return *m_rows; }
+
+    QLabel* LblTitle;
+    QLabel* LblQty;
+    QLabel* LblTotalTime;
+    QLabel* LblCursorTime;
+    QLineEdit* TxtSearch;
+    QToolButton* CmdSearch;
+    QToolButton* CmdSelected;
+    QToolButton* CmdNew;
+    QToolButton* CmdEject;
+    QTreeView* ListView1;
+    QWidget* PicLoading;
+    UCProgressBar* ProgressBar1;
+    QPushButton* CmdStop;
+    QWidget* ElaDiscControls;
+    QTimer* TmrArrow;
+    QTimer* TmrSignalArrows;
+
+Q_SIGNALS:
+    void SelectedChanged(bool selected);
+    void Selection();
+    void ItemClicked(const QString& cartID);
+    void ItemEntered(const QString& cartID);
+    void Hover(std::shared_ptr<CComponent> component);
+    void OldStyleTryToDrag(const QString& cartID);
+    void OldStyleTryToDragMany(const QStringList& cartIDs, const QString& cartID);
+    void BeforeNew(bool* cancel);
+    void BeforeShowMacro(bool* cancel, std::shared_ptr<iMacro> macro);
+    void IWantTheKeys(bool wanted);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Arrow
+    {
+        int row;
+        QString savedIcon;
+    };
+    struct ViewState
+    {
+        int topRow = -1;
+        QStringList selected;
+    };
+
+    void BuildControls();
+    void SetupDragDrop();
+    void HoldFamily(const std::shared_ptr<iFamily>& family);
+    void ReleaseFamily();
+    void FillFamily(const std::shared_ptr<iFamily>& family);
+    void FillRows(iFamily& family);
+    void BeginFilling();
+    void EndFilling();
+    void Family_ChangedContents();
+    void Family_SlightlyChangedContents();
+    void ListClear();
+    ViewState RememberView() const;
+    void RestoreView(const ViewState& view);
+    void AddCart(int at, const iCart* cart);
+    void SelectRow(int row);
+    int SelectedRow() const;
+    QStringList SelectedKeys() const;
+    int TopRow() const;
+    void PerformSelection();
+    void PushArrow(int row, const QString& icon);
+    void RefreshSignalArrows(bool show);
+    void SetListColor(const QColor& color);
+    void SetQty();
+    void RefreshTimings();
+    void OnMouse(QMouseEvent* event, int notification);
+    void SimulateMouseMove(QMouseEvent* event);
+    bool OnKey(int key);
+    void OnSearch();
+
+    BrowserRowModel* m_rows;
+    int m_mode = NothingLoaded;
+    bool m_allowSounds = true;
+    bool m_allowMacros = true;
+    bool m_allowControls = true;
+    bool m_allowMultipleSelection = false;
+    bool m_grayed = false;
+    bool m_acceptMacros = false;
+    bool m_acceptFamilyDrops = true;
+    bool m_showDiscControls = false;
+    bool m_oldDragDrop = false;
+    bool m_selected = false;
+    bool m_signalArrowsVisible = true;
+    bool m_stop = false;
+    bool m_filling = false;
+    int m_signalCount = 0;
+    std::optional<Arrow> m_arrow;
+    std::optional<QMap<QString, CSignalArrow>> m_signalArrows;
+    std::shared_ptr<iFamily> m_family;
+    std::shared_ptr<iFamily> m_pendingFamily; // asked for while a fill ran
+    std::shared_ptr<iMacro> m_macro;
+    std::shared_ptr<CComponent> m_component;
+    std::shared_ptr<CComponent> m_hover;
+    QList<QMetaObject::Connection> m_familyConnections;
+};

@@ -1,0 +1,6 @@
+#include "foundation/AppStatus.h"
+
+qint16 AppStatus()
+{
+    return 1;
+}

@@ -1,0 +1,7 @@
+#include "foundation/DatabaseName.h"
+#include "foundation/Globals.h"
+
+void SetDatabaseName(QString& databaseName)
+{
+    databaseName.prepend(Globals::TheStation().DatabasePath);
+}
