@@ -7,14 +7,7 @@
 
 StationDatabases StationDatabases::Open(const Station& station)
 {
-    const QString location = station.DatabasePath();
-    StationDatabases databases;
-    if (station.OnServer()) {
-        databases.Kernel = Database::Open(location);
-        databases.Users = Database::Open(location);
-    } else {
-        databases = OpenFiles(location);
-    }
+    StationDatabases databases = OpenFiles(station.DatabasePath(), station.OnServer());
     RequireTables(*databases.Kernel,
                   {QStringLiteral("Config"), QStringLiteral("StationConfig"), QStringLiteral("Contents"),
                    QStringLiteral("Application")});
@@ -22,22 +15,22 @@ StationDatabases StationDatabases::Open(const Station& station)
     return databases;
 }
 
-StationDatabases StationDatabases::OpenFiles(const QString& folder)
+StationDatabases StationDatabases::OpenFiles(const QString& folder, bool onServer)
 {
     const QString sound = folder + QLatin1String(SoundFile);
     const QString user = folder + QLatin1String(UserFile);
     StationDatabases databases;
-    databases.Kernel = OpenFile(folder + QLatin1String(KernelFile));
-    databases.Users = OpenFile(user);
-    OpenFile(sound); // refuses a damaged file by name before it is attached
+    databases.Kernel = OpenFile(folder + QLatin1String(KernelFile), onServer);
+    databases.Users = OpenFile(user, onServer);
+    OpenFile(sound, onServer); // refuses a damaged file or a missing schema by name before it is attached
     databases.Kernel->Attach(sound, QStringLiteral("Sound"));
     databases.Kernel->Attach(user, QStringLiteral("User"));
     return databases;
 }
 
-std::shared_ptr<Database> StationDatabases::OpenFile(const QString& path)
+std::shared_ptr<Database> StationDatabases::OpenFile(const QString& path, bool onServer)
 {
-    if (!QFileInfo(path).isFile())
+    if (!onServer && !QFileInfo(path).isFile())
         throw KernelError(QStringLiteral("'%1' is missing").arg(path));
     return Database::Open(path); // its refusals name the file
 }

@@ -8,7 +8,8 @@ class Station;
 
 // The station's databases as the kernel uses them: the kernel's connection (Kernel.MDB with
 // Sound.MDB and User.MDB attached, so that every kernel SQL text finds its tables) and a
-// connection to User.MDB for the users. On a database server both are the server's catalogue.
+// connection to User.MDB for the users. On a database server the three are schemas of one
+// database, named by joining the file names behind the station's URI (PostgresLocation).
 class StationDatabases
 {
 public:
@@ -24,7 +25,7 @@ public:
     std::shared_ptr<Database> Users;
 
 private:
-    static StationDatabases OpenFiles(const QString& folder);
-    static std::shared_ptr<Database> OpenFile(const QString& path);
+    static StationDatabases OpenFiles(const QString& folder, bool onServer);
+    static std::shared_ptr<Database> OpenFile(const QString& path, bool onServer);
     static void RequireTables(Database& db, const QStringList& tables);
 };

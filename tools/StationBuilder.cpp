@@ -1,6 +1,8 @@
 #include "tools/StationBuilder.h"
 #include "foundation/db/CatalogueSchema.h"
+#include "foundation/Ini.h"
 #include "foundation/db/Database.h"
+#include "foundation/db/PostgresLocation.h"
 #include "kernel/AudioFileInfo.h"
 #include "kernel/EnergyFile.h"
 #include "kernel/StationDatabases.h"
@@ -9,6 +11,7 @@
 #include "tools/BulkCatalogue.h"
 #include "tools/DemoCatalogue.h"
 #include "tools/KernelCatalogue.h"
+#include "tools/ServerCatalogue.h"
 #include "tools/StationFiles.h"
 #include <QDir>
 #include <QDirIterator>
@@ -16,16 +19,27 @@
 
 StationBuilder::StationBuilder(const StationOptions& options) : m_options(options), m_folder(options.dir) {}
 
-void StationBuilder::CheckDatabase(const QString& location)
+void StationBuilder::CheckDatabase(const QString& location, const QString& workstation)
 {
-    if (location.isEmpty() || location.compare(QLatin1String("sqlite"), Qt::CaseInsensitive) == 0)
+    const bool onServer = PostgresLocation::Names(location);
+    if (!onServer && !location.isEmpty() && location.compare(QLatin1String("sqlite"), Qt::CaseInsensitive) != 0)
+        throw KernelError(QStringLiteral("Unknown database '%1': give a postgresql:// URI, or leave out --database to use "
+                                         "the SQLite files in <station>/data/")
+                              .arg(location));
+    if (workstation.isEmpty())
         return;
-    if (location.startsWith(QLatin1String("postgresql://"), Qt::CaseInsensitive))
-        throw KernelError(QStringLiteral("Creating a station on a PostgreSQL server is not supported yet; "
-                                         "leave out --database to use the SQLite files in <station>/data/"));
-    throw KernelError(QStringLiteral("Unknown database '%1': leave out --database to use the SQLite files in "
-                                     "<station>/data/")
-                          .arg(location));
+    if (!onServer)
+        throw KernelError(QStringLiteral("--workstation needs a PostgreSQL server given with --database"));
+    if (!PostgresLocation::Names(workstation)
+        || !PostgresLocation::Parse(workstation).SameDatabase(PostgresLocation::Parse(location)))
+        throw KernelError(QStringLiteral("--workstation must name the same server and database as --database"));
+    if (PostgresLocation::Parse(workstation).user.isEmpty())
+        throw KernelError(QStringLiteral("--workstation must name the workstation's role (postgresql://ROLE@host/database)"));
+}
+
+QString StationBuilder::DataLocation() const
+{
+    return PostgresLocation::Names(m_options.database) ? m_options.database : m_folder.DataDir();
 }
 
 QString StationBuilder::ExportDir(const StationFolder& folder)
@@ -37,7 +51,7 @@ StationReport StationBuilder::Create()
 {
     if (m_options.dir.trimmed().isEmpty())
         throw KernelError(QStringLiteral("No station folder given"));
-    CheckDatabase(m_options.database);
+    CheckDatabase(m_options.database, m_options.workstation);
     RefuseExistingStation();
     NoteMissingEntries();
     StationReport report;
@@ -46,6 +60,7 @@ StationReport StationBuilder::Create()
         MakeFolders();
         StationFiles::Write(m_folder);
         WriteDatabases(report);
+        ConnectWorkstation();
         WriteEnergyFiles();
     } catch (...) {
         RemoveCreated();
@@ -63,6 +78,9 @@ void StationBuilder::RefuseExistingStation() const
     const QFileInfo rootInfo(QDir::cleanPath(m_folder.Root()));
     if (rootInfo.exists() && !rootInfo.isDir())
         throw KernelError(QStringLiteral("'%1' is a file, not a folder").arg(root));
+    if (PostgresLocation::Names(m_options.database) && ServerCatalogue(m_options.database).Exists())
+        throw KernelError(QStringLiteral("The server already holds a station's schemas (%1); nothing was changed")
+                              .arg(ServerCatalogue::SchemaOf(m_options.database, StationDatabases::SoundFile)));
 }
 
 void StationBuilder::NoteMissingEntries()
@@ -101,6 +119,16 @@ void StationBuilder::WriteDatabases(StationReport& report) const
     KernelCatalogue::Write(*kernel, m_folder, report);
 }
 
+void StationBuilder::ConnectWorkstation() const
+{
+    if (!PostgresLocation::Names(m_options.database))
+        return;
+    const QString workstation = m_options.workstation.isEmpty() ? m_options.database : m_options.workstation;
+    if (!m_options.workstation.isEmpty())
+        ServerCatalogue(m_options.database).GrantRows(PostgresLocation::Parse(workstation).user);
+    WriteIni(QStringLiteral("Data"), QStringLiteral("Path"), workstation, m_folder.KernelIni());
+}
+
 void StationBuilder::WriteEnergyFiles() const
 {
     QDirIterator sounds(m_folder.SoundDir(), QDir::Files, QDirIterator::Subdirectories);
@@ -110,11 +138,18 @@ void StationBuilder::WriteEnergyFiles() const
 
 std::unique_ptr<Database> StationBuilder::CreateDatabase(const char* file) const
 {
-    return Database::Open(m_folder.DataDir() + QLatin1String(file), Database::OpenMode::Create);
+    return Database::Open(DataLocation() + QLatin1String(file), Database::OpenMode::Create);
 }
 
 void StationBuilder::RemoveCreated() const
 {
+    if (PostgresLocation::Names(m_options.database)) {
+        try {
+            ServerCatalogue(m_options.database).Drop();
+        } catch (const KernelError&) {
+            // The server went away: the schemas it may still hold are named by the first error.
+        }
+    }
     for (const QString& entry : m_created) {
         if (QFileInfo(entry).isDir())
             QDir(entry).removeRecursively();

@@ -6,7 +6,8 @@ struct StationOptions;
 struct StationReport;
 
 // The command line of korvane-station:
-//   korvane-station create DIR [--carts N] [--database URI]
+//   korvane-station create DIR [--carts N] [--database URI [--workstation URI]]
+//   korvane-station migrate DIR --to URI [--workstation URI]
 //   korvane-station import DIR FILES... [--family XXX]
 // Run returns the process exit code: 0 on success, 1 on any refusal or failure, with the
 // reason on the error stream. An import goes on past a file it cannot read and ends with 1.
@@ -21,6 +22,7 @@ public:
 private:
     StationOptions ParseCreate(const QStringList& arguments) const;
     int Import(const QStringList& arguments);
+    int Migrate(const QStringList& arguments);
     static int ParseCarts(const QString& text);
     void PrintReport(const StationReport& report);
     // The demo families one by one, the benchmark families as a range.

@@ -273,6 +273,14 @@ void CatalogueSchema::Create(Database& db, Catalogue catalogue)
     });
 }
 
+QStringList CatalogueSchema::TableNames(Catalogue catalogue)
+{
+    QStringList names;
+    for (const Table& table : TablesOf(catalogue))
+        names << table.name;
+    return names;
+}
+
 QStringList CatalogueSchema::Statements(const SqlDialect& dialect, Catalogue catalogue)
 {
     const std::vector<Table> tables = TablesOf(catalogue);

@@ -33,6 +33,8 @@ public:
     static void CreateKernelSchema(Database& db);
     static void Create(Database& db, Catalogue catalogue);
 
+    // The names of a catalogue's tables, in the order they are created.
+    static QStringList TableNames(Catalogue catalogue);
     // The statements that Create runs, in order, for a dialect.
     static QStringList Statements(const SqlDialect& dialect, Catalogue catalogue);
 };

@@ -102,12 +102,16 @@ QSqlQuery Database::Run(const QString& engineSql, const QVariantList& binds)
     for (int i = 0; ok && i < binds.size(); ++i)
         query.bindValue(i, d->dialect->BindValue(binds[i]));
     ok = ok && (binds.isEmpty() || query.exec());
-    if (!ok) {
-        const QSqlError error = query.lastError();
-        throw DatabaseError(QStringLiteral("%1 (SQL: %2)").arg(error.text().trimmed(), engineSql),
-                            d->driver->Retryable(error));
-    }
-    return query;
+    if (ok)
+        return query;
+    const QSqlError error = query.lastError();
+    const bool reconnected = d->driver->Reconnect(*this, error);
+    // Outside a transaction the statement that the lost connection never ran is sent again;
+    // inside one the whole transaction is, by Transaction.
+    if (reconnected && d->transactionDepth == 0)
+        return Run(engineSql, binds);
+    throw DatabaseError(QStringLiteral("%1 (SQL: %2)").arg(d->driver->Describe(error), engineSql),
+                        reconnected || d->driver->Retryable(error));
 }
 
 std::unique_ptr<Recordset> Database::OpenRecordset(const QString& tableOrSql)

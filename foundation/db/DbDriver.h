@@ -30,5 +30,11 @@ public:
     // cannot tell.
     virtual QString ChangeStamp(Database& db) = 0;
     virtual bool Retryable(const QSqlError& error) const = 0;
+    // The text of a failed statement for messages.
+    virtual QString Describe(const QSqlError& error) const { return error.text().trimmed(); }
+    // Called after a statement failed: true when the connection had been lost and is open
+    // again (the statement did not run and may be sent again). Throws KernelError when the
+    // connection is lost and cannot be opened again.
+    virtual bool Reconnect(Database& /*db*/, const QSqlError& /*error*/) { return false; }
     virtual QString BeginStatement() const = 0;
 };

@@ -11,6 +11,16 @@ QString Quoted(const QString& name)
     return u'"' + quoted + u'"';
 }
 
+// SQLSTATE of a statement that failed because the connection went: none (the client library
+// noticed), connection exceptions (08...), and the server's own shutdown or termination.
+bool MayBeLostConnection(const QSqlError& error)
+{
+    const QString state = error.nativeErrorCode();
+    return state.isEmpty() || state.startsWith(QLatin1String("08")) || state.startsWith(QLatin1String("57P"));
+}
+
+const QString InsufficientPrivilege = QStringLiteral("42501");
+
 QString ConnectOptions(const QStringList& options)
 {
     QStringList all = options;
@@ -37,8 +47,14 @@ void PostgresDriver::Open(const QString& connectionName, Database::OpenMode)
     connection.setUserName(m_location.user);
     connection.setPassword(m_location.password);
     connection.setConnectOptions(ConnectOptions(m_location.options));
+    Connect(connection);
+}
+
+void PostgresDriver::Connect(QSqlDatabase& connection) const
+{
     if (!connection.open())
-        throw KernelError(QStringLiteral("Cannot open '%1': %2").arg(Location(), connection.lastError().text().trimmed()));
+        throw KernelError(QStringLiteral("Cannot open '%1': the server cannot be reached or refused the login: %2")
+                              .arg(Location(), connection.lastError().text().trimmed()));
 }
 
 void PostgresDriver::Configure(Database& db, Database::OpenMode mode)
@@ -55,9 +71,14 @@ void PostgresDriver::Configure(Database& db, Database::OpenMode mode)
 
 void PostgresDriver::RequireSchema(Database& db, const QString& schema) const
 {
-    QSqlQuery query = db.QueryNative(QStringLiteral("SELECT 1 FROM pg_namespace WHERE nspname = ?"), {schema});
+    QSqlQuery query = db.QueryNative(
+        QStringLiteral("SELECT has_schema_privilege(oid, 'USAGE'), current_user FROM pg_namespace WHERE nspname = ?"), {schema});
     if (!query.next())
         throw KernelError(QStringLiteral("'%1' does not exist: no schema %2").arg(Location(), schema));
+    if (!query.value(0).toBool())
+        throw KernelError(QStringLiteral("The role %1 has no rights on the schema %2 of '%3': the station tool grants them "
+                                         "(korvane-station create or migrate with --workstation)")
+                              .arg(query.value(1).toString(), schema, Location()));
 }
 
 void PostgresDriver::SetSearchPath(Database& db) const
@@ -112,6 +133,40 @@ QString PostgresDriver::ChangeStamp(Database& db)
         return {};
     QSqlQuery query = db.QueryNative(QStringLiteral("SELECT pg_current_wal_insert_lsn()::text"));
     return query.next() ? query.value(0).toString() : QString();
+}
+
+QString PostgresDriver::Describe(const QSqlError& error) const
+{
+    const QString text = error.text().trimmed();
+    if (error.nativeErrorCode() != InsufficientPrivilege)
+        return text;
+    return QStringLiteral("the role %1 lacks a right on '%2' (%3)")
+        .arg(m_location.user.isEmpty() ? QStringLiteral("of this session") : m_location.user, Location(), text);
+}
+
+bool PostgresDriver::Reconnect(Database& db, const QSqlError& error)
+{
+    if (m_reconnecting || !MayBeLostConnection(error) || ConnectionAnswers(db))
+        return false;
+    m_reconnecting = true;
+    try {
+        QSqlDatabase connection = db.Connection();
+        connection.close();
+        Connect(connection);
+        Configure(db, Database::OpenMode::Existing);
+    } catch (...) {
+        m_reconnecting = false;
+        throw;
+    }
+    m_reconnecting = false;
+    return true;
+}
+
+bool PostgresDriver::ConnectionAnswers(Database& db) const
+{
+    QSqlQuery probe(db.Connection());
+    // A transaction that failed still answers, with "current transaction is aborted".
+    return probe.exec(QStringLiteral("SELECT 1")) || !MayBeLostConnection(probe.lastError());
 }
 
 bool PostgresDriver::Retryable(const QSqlError& error) const

@@ -18,13 +18,23 @@ public:
     void Attach(Database& db, const QString& location, const QString& alias) override;
     QString ChangeStamp(Database& db) override;
     bool Retryable(const QSqlError& error) const override;
-    QString BeginStatement() const override { return QStringLiteral("BEGIN"); }
+    // A missing right names the role and what it lacks.
+    QString Describe(const QSqlError& error) const override;
+    // A connection that the server closed (restart, shutdown, a terminated session, a network
+    // failure) opens again with the same session settings.
+    bool Reconnect(Database& db, const QSqlError& error) override;
+    // Serializable, as a SQLite transaction is: two workstations that read and write the same
+    // rows at once get a serialization failure, and Database::Transaction runs the body again.
+    QString BeginStatement() const override { return QStringLiteral("BEGIN ISOLATION LEVEL SERIALIZABLE"); }
 
 private:
+    void Connect(QSqlDatabase& connection) const;
     void RequireSchema(Database& db, const QString& schema) const;
     void SetSearchPath(Database& db) const;
+    bool ConnectionAnswers(Database& db) const;
 
     PostgresLocation m_location;
     QStringList m_searchPath;
     bool m_walStamp = false;
+    bool m_reconnecting = false;
 };

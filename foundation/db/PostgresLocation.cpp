@@ -28,7 +28,13 @@ bool PostgresLocation::Names(const QString& location)
 
 PostgresLocation PostgresLocation::Parse(const QString& location)
 {
-    const QUrl url(location.trimmed(), QUrl::StrictMode);
+    static const QRegularExpression catalogueFile(QStringLiteral("(Sound|User|Kernel)\\.MDB$"),
+                                                  QRegularExpression::CaseInsensitiveOption);
+    QString uri = location.trimmed();
+    const QRegularExpressionMatch file = catalogueFile.match(uri);
+    if (file.hasMatch())
+        uri.chop(file.capturedLength());
+    const QUrl url(uri, QUrl::StrictMode);
     if (!url.isValid())
         Malformed(location, url.errorString());
     PostgresLocation parsed;
@@ -37,9 +43,14 @@ PostgresLocation PostgresLocation::Parse(const QString& location)
     parsed.user = url.userName(QUrl::FullyDecoded);
     parsed.password = url.password(QUrl::FullyDecoded);
     parsed.database = url.path(QUrl::FullyDecoded).mid(1);
+    if (parsed.database.endsWith(u'/'))
+        parsed.database.chop(1);
+    bool schemaGiven = false;
     const auto items = QUrlQuery(url).queryItems(QUrl::FullyDecoded);
     for (const auto& [key, value] : items)
-        parsed.Apply(key, value, location);
+        schemaGiven = parsed.Apply(key, value, location) || schemaGiven;
+    if (file.hasMatch())
+        parsed.schema = (schemaGiven ? parsed.schema : QStringLiteral("korvane")) + u'_' + file.captured(1).toLower();
     if (parsed.database.isEmpty())
         Malformed(location, QStringLiteral("no database name"));
     if (parsed.schema.isEmpty())
@@ -47,11 +58,12 @@ PostgresLocation PostgresLocation::Parse(const QString& location)
     return parsed;
 }
 
-void PostgresLocation::Apply(const QString& key, const QString& value, const QString& location)
+bool PostgresLocation::Apply(const QString& key, const QString& value, const QString& location)
 {
     static const QRegularExpression optionName(QStringLiteral("^[a-z_]+$"));
     const QString name = key.toLower();
-    if (name == QLatin1String("schema") || name == QLatin1String("currentschema"))
+    const bool isSchema = name == QLatin1String("schema") || name == QLatin1String("currentschema");
+    if (isSchema)
         schema = value;
     else if (name == QLatin1String("host"))
         host = value;
@@ -69,6 +81,7 @@ void PostgresLocation::Apply(const QString& key, const QString& value, const QSt
         Malformed(location, QStringLiteral("unknown parameter '%1'").arg(key));
     if (port <= 0 || port > 65535)
         Malformed(location, QStringLiteral("bad port"));
+    return isSchema;
 }
 
 QString PostgresLocation::Display() const

@@ -7,6 +7,12 @@
 // the parts of the address (host may name a socket folder); schema (or currentSchema) names
 // the schema, public when absent; every other parameter is a client-library option such as
 // sslmode or connect_timeout.
+//
+// A station's data path on a server is such a URI, and the station's databases are found by
+// joining a catalogue file name behind it, as with a folder: URI + "Sound.MDB", "User.MDB"
+// or "Kernel.MDB" names the schema <station>_sound, _user or _kernel, where <station> is the
+// URI's schema parameter ("korvane" when absent). So
+//   postgresql://studio@db/korvane?schema=north  + "Sound.MDB"  ->  schema north_sound
 class PostgresLocation
 {
 public:
@@ -28,5 +34,6 @@ public:
     bool SameDatabase(const PostgresLocation& other) const;
 
 private:
-    void Apply(const QString& key, const QString& value, const QString& location);
+    // Takes one parameter of the URI; true when it named the schema.
+    bool Apply(const QString& key, const QString& value, const QString& location);
 };

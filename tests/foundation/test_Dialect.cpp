@@ -5,8 +5,7 @@
 #include "kernelapi/KernelError.h"
 #include <QSqlQuery>
 #include <QTemporaryDir>
-#include <QUrl>
-#include <QUrlQuery>
+#include "support/TestServer.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -187,42 +186,31 @@ TEST(CatalogueSchema, RendersForBothEngines)
 namespace {
 // The three databases of a station with a few rows, the kernel's connection reaching the
 // other two as the kernel does: SQLite files, or (when KORVANE_TEST_POSTGRES names a server
-// database) three schemas made afresh on that server.
+// database) the station's three schemas made afresh on that server.
 class DialectOnEngine : public ::testing::TestWithParam<Engine>
 {
 protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_dir.isValid());
-        if (GetParam() == Engine::PostgreSQL && qEnvironmentVariableIsEmpty("KORVANE_TEST_POSTGRES"))
-            GTEST_SKIP() << "KORVANE_TEST_POSTGRES is not set";
+        if (GetParam() == Engine::PostgreSQL) {
+            m_location = FreshServerStation();
+            if (m_location.isEmpty())
+                GTEST_SKIP() << NoTestServer;
+        } else {
+            m_location = m_dir.path() + u'/';
+        }
         m_sound = Open("Sound", CatalogueSchema::Catalogue::Sound);
         Open("User", CatalogueSchema::Catalogue::User);
         m_kernel = Open("Kernel", CatalogueSchema::Catalogue::Kernel);
-        m_kernel->Attach(Location("Sound"), "Sound");
-        m_kernel->Attach(Location("User"), "User");
+        m_kernel->Attach(m_location + "Sound.MDB", "Sound");
+        m_kernel->Attach(m_location + "User.MDB", "User");
         Fill();
-    }
-
-    QString Location(const QString& name) const
-    {
-        if (GetParam() == Engine::SQLite)
-            return m_dir.filePath(name + ".MDB");
-        QUrl url(qEnvironmentVariable("KORVANE_TEST_POSTGRES"));
-        QUrlQuery query(url);
-        query.removeAllQueryItems("schema");
-        query.addQueryItem("schema", "korvane_dialect_" + name.toLower());
-        url.setQuery(query);
-        return url.toString();
     }
 
     std::unique_ptr<Database> Open(const QString& name, CatalogueSchema::Catalogue catalogue)
     {
-        if (GetParam() == Engine::PostgreSQL) {
-            auto server = Database::Open(qEnvironmentVariable("KORVANE_TEST_POSTGRES"), Database::OpenMode::Create);
-            server->ExecuteNative("DROP SCHEMA IF EXISTS korvane_dialect_" + name.toLower() + " CASCADE");
-        }
-        auto db = Database::Open(Location(name), Database::OpenMode::Create);
+        auto db = Database::Open(m_location + name + ".MDB", Database::OpenMode::Create);
         CatalogueSchema::Create(*db, catalogue);
         return db;
     }
@@ -278,6 +266,7 @@ protected:
     }
 
     QTemporaryDir m_dir;
+    QString m_location; // the data path: a folder or the station's URI
     std::unique_ptr<Database> m_sound;
     std::unique_ptr<Database> m_kernel;
 };

@@ -15,12 +15,9 @@
 #include <gtest/gtest.h>
 
 namespace {
-// The cart world's SQL on a PostgreSQL server named by KORVANE_TEST_POSTGRES, in a schema of
-// its own that the test empties and fills.
+// The cart world's SQL on the test server, in a station's three catalogues made afresh.
 void FillCatalogue(Database& db)
 {
-    ResetCatalogue(db, {"Cart", "Sound", "RMacro", "Usuari", "Grup", "RGrup", "Familia", "RFamilia", "PlayList",
-                        "PlayListItem", "Config", "StationConfig", "Contents", "Application"});
     const QStringList rows{
         "INSERT INTO Familia (ID, Descripcio, Tothom) VALUES ('JIN', 'Jingles', TRUE)",
         "INSERT INTO Familia (ID, Descripcio, Tothom) VALUES ('MES', 'Macros', FALSE)",
@@ -58,10 +55,11 @@ QStringList IDsOf(const iFamily& family)
 
 TEST(CartsOnServer, CartsFamiliesMacrosAndPlaylistsWorkOnAServerCatalogue)
 {
-    const QString location = TestServerLocation(QStringLiteral("korvane_carts_tests"));
+    const QString location = FreshServerStation();
     if (location.isEmpty())
-        GTEST_SKIP() << "KORVANE_TEST_POSTGRES is not set";
-    FillCatalogue(*Database::Open(location, Database::OpenMode::Create));
+        GTEST_SKIP() << NoTestServer;
+    CreateServerCatalogue(location);
+    FillCatalogue(*OpenServerKernel(location));
     QTemporaryDir firstDir, secondDir;
     const auto first = OpenKernel(firstDir, QStringLiteral("ONE"), location);
     const auto second = OpenKernel(secondDir, QStringLiteral("TWO"), location);

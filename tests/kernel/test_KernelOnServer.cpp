@@ -11,11 +11,9 @@
 #include <gtest/gtest.h>
 
 namespace {
-// KORVANE_TEST_POSTGRES names a database of a server; the kernel's tests use a schema of
-// their own in it, which they empty and fill.
+// The station's three catalogues on the test server, made afresh and filled.
 void FillCatalogue(Database& db)
 {
-    ResetCatalogue(db, {"Cart", "Usuari", "Config", "StationConfig", "Contents", "Application"});
     db.Query(QStringLiteral("INSERT INTO Usuari (ID, Password, Privilege, Fails) VALUES ('ON AIR', ?, 0, 0)"),
              {ScramblePassword(QStringLiteral("pw"))});
     db.Execute(QStringLiteral("INSERT INTO Cart (ID, Descripcio, Type) VALUES ('JIN0001', 'Morning jingle', 'S')"));
@@ -32,10 +30,11 @@ StationFolder ServerStation(const QTemporaryDir& dir, const QString& id, const Q
 
 TEST(KernelOnServer, TwoStationsShareTheCatalogueOfAServer)
 {
-    const QString location = TestServerLocation(QStringLiteral("korvane_kernel_tests"));
+    const QString location = FreshServerStation();
     if (location.isEmpty())
-        GTEST_SKIP() << "KORVANE_TEST_POSTGRES is not set";
-    FillCatalogue(*Database::Open(location, Database::OpenMode::Create));
+        GTEST_SKIP() << NoTestServer;
+    CreateServerCatalogue(location);
+    FillCatalogue(*OpenServerKernel(location));
 
     QTemporaryDir firstDir, secondDir;
     const auto first = EmbeddedKernel::Open(ServerStation(firstDir, QStringLiteral("ONE"), location), nullptr);

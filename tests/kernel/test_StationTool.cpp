@@ -201,8 +201,18 @@ TEST(StationTool, CommandLineRefusesBadArgumentsWithAReason)
     QTemporaryDir parent;
     const QString dir = parent.filePath("new");
     QString errors;
-    EXPECT_EQ(RunCommand({"create", dir, "--database", "postgresql://radio@localhost/korvane"}, &errors), 1);
-    EXPECT_TRUE(errors.contains("PostgreSQL")) << errors.toStdString();
+    // Nothing listens on port 1: a server that is down is named with the reason.
+    EXPECT_EQ(RunCommand({"create", dir, "--database", "postgresql://radio@127.0.0.1:1/korvane"}, &errors), 1);
+    EXPECT_TRUE(errors.contains("cannot be reached")) << errors.toStdString();
+    EXPECT_EQ(RunCommand({"create", dir, "--database", "postgresql://radio@127.0.0.1:1"}, &errors), 1);
+    EXPECT_TRUE(errors.contains("no database name")) << errors.toStdString();
+    EXPECT_EQ(RunCommand({"create", dir, "--database", "mysql://radio@host/korvane"}, &errors), 1);
+    EXPECT_TRUE(errors.contains("Unknown database")) << errors.toStdString();
+    EXPECT_EQ(RunCommand({"create", dir, "--workstation", "postgresql://studio@127.0.0.1:1/korvane"}, &errors), 1);
+    EXPECT_TRUE(errors.contains("--workstation")) << errors.toStdString();
+    EXPECT_EQ(RunCommand({"migrate", dir, "--to"}, &errors), 1);
+    EXPECT_EQ(RunCommand({"migrate", dir, "--to", "postgresql://radio@127.0.0.1:1/korvane"}, &errors), 1);
+    EXPECT_TRUE(errors.contains("not a station")) << errors.toStdString();
     EXPECT_EQ(RunCommand({"create", dir, "--carts", "many"}, &errors), 1);
     EXPECT_TRUE(errors.contains("--carts")) << errors.toStdString();
     EXPECT_EQ(RunCommand({"create", dir, "--carts", "-5"}), 1);

@@ -1,27 +1,62 @@
 #include "support/TestServer.h"
 #include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
+#include "kernel/StationDatabases.h"
+#include "tools/ServerCatalogue.h"
+#include <QCryptographicHash>
 #include <QUrl>
 #include <QUrlQuery>
+#include <gtest/gtest.h>
 
-QString TestServerLocation(const QString& schema)
+const char* const NoTestServer =
+    "KORVANE_TEST_POSTGRES is not set, so the PostgreSQL tests do not run (./test.sh starts a private server)";
+
+QString TestServerUri()
 {
-    const QString uri = qEnvironmentVariable("KORVANE_TEST_POSTGRES");
+    return qEnvironmentVariable("KORVANE_TEST_POSTGRES");
+}
+
+QString TestServerWorkstationUri()
+{
+    return qEnvironmentVariable("KORVANE_TEST_POSTGRES_WORKSTATION");
+}
+
+QString ServerStation(const QString& uri)
+{
     if (uri.isEmpty())
         return {};
+    const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+    const QByteArray name = test ? QByteArray(test->test_suite_name()) + '.' + test->name() : QByteArray("no test");
+    const QString station = QStringLiteral("t") + QCryptographicHash::hash(name, QCryptographicHash::Md5).toHex().left(12);
     QUrl url(uri);
     QUrlQuery query(url);
     query.removeAllQueryItems(QStringLiteral("schema"));
-    query.addQueryItem(QStringLiteral("schema"), schema);
+    query.addQueryItem(QStringLiteral("schema"), station);
     url.setQuery(query);
     return url.toString();
 }
 
-void ResetCatalogue(Database& db, std::initializer_list<const char*> tables)
+QString FreshServerStation()
 {
-    CatalogueSchema::CreateSoundSchema(db);
-    CatalogueSchema::CreateUserSchema(db);
-    CatalogueSchema::CreateKernelSchema(db);
-    for (const char* table : tables)
-        db.Execute(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
+    const QString station = ServerStation();
+    if (!station.isEmpty())
+        ServerCatalogue(station).Drop();
+    return station;
+}
+
+void CreateServerCatalogue(const QString& station)
+{
+    const CatalogueSchema::Catalogue catalogues[] = {CatalogueSchema::Catalogue::Sound, CatalogueSchema::Catalogue::User,
+                                                     CatalogueSchema::Catalogue::Kernel};
+    const QStringList files = ServerCatalogue::Files();
+    for (int i = 0; i < files.size(); ++i)
+        CatalogueSchema::Create(*Database::Open(station + files[i], Database::OpenMode::Create), catalogues[i]);
+}
+
+std::unique_ptr<Database> OpenServerKernel(const QString& station)
+{
+    auto kernel = Database::Open(station + QLatin1String(StationDatabases::KernelFile));
+    kernel->Attach(station + QLatin1String(StationDatabases::SoundFile), QStringLiteral("Sound"));
+    kernel->Attach(station + QLatin1String(StationDatabases::UserFile), QStringLiteral("User"));
+    return kernel;
 }
