@@ -31,4 +31,6 @@ if [ "${KORVANE_FUZZ_SECONDS:-20}" -gt 0 ] && command -v clang++ >/dev/null; the
 fi
 
 configure_and_build "$build" Debug "${cmake_args[@]}" --
+# The data-access and kernel-store tests run on SQLite and on this server; it stops on exit.
+start_private_postgres -c fsync=off -c synchronous_commit=off
 ctest --test-dir "$build" --output-on-failure -j"$(nproc)" --timeout 300

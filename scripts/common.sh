@@ -11,6 +11,7 @@ KORVANE_PACKAGES=(
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
   xvfb xauth
+  postgresql
 )
 
 # Installs what is missing, and only that; apt-get update runs only when something is.
@@ -26,6 +27,8 @@ ensure_packages() {
   $sudo apt-get update -qq
   DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
+
+source "$(dirname "${BASH_SOURCE[0]}")/postgres.sh"
 
 # ccache finds earlier compiles of the same sources even from another clone of the repo.
 export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$PWD}"
