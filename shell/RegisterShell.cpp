@@ -1,12 +1,17 @@
+#include "browse/drag/DragControls.h"
+#include "shell/CInterface.h"
 #include "shell/ConfigForm.h"
 #include "shell/FrmChangePassword.h"
+#include "shell/FrmGeneric.h"
 #include "shell/FrmLevels.h"
 #include "shell/FrmModalDelay.h"
+#include "shell/IFFileSystemMonitor.h"
 #include "shell/IFMenu.h"
 #include "shell/IFStationID.h"
 #include "shell/IFUserInfo.h"
 #include "shell/PasswordForm.h"
 #include "shell/Registry.h"
+#include "shell/modInterface.h"
 
 namespace Registry {
 namespace {
@@ -33,5 +38,11 @@ void RegisterShell()
     RegisterForm<ConfigForm>("ConfigForm");
     RegisterForm<FrmModalDelay>("FrmModalDelay");
     RegisterForm<FrmLevels>("FrmLevels");
+    RegisterForm<FrmGeneric>("FrmGeneric");
+    RegisterControl<IFFileSystemMonitor>("IFFileSystemMonitor");
+    DragControls::RegisterControls(Register, [] {
+        CInterface* ui = modInterface::Interface();
+        return ui ? &ui->Drag() : nullptr;
+    });
 }
 }
