@@ -207,25 +207,17 @@ TEST_F(Generic, AFixedSettingTheControlDoesNotTakeIsLoggedAndTheControlStays)
     EXPECT_TRUE(LogText().contains(QStringLiteral(".FixedSettings: The control 'CartPlayer1' does not take the property ChannelName")));
 }
 
-TEST_F(Generic, ExitUnloadsTheScreenAndBringsTheMenuBack)
-{
-    WriteGeneric(WorkPlace);
-    Open();
-    form->Loader_Timer();
-    QTest::mouseClick(form->CmdExit, Qt::LeftButton);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Form::Find(QStringLiteral("FrmGeneric")), nullptr);
-    EXPECT_TRUE(InitForm::Instance()->isVisible());
-}
-
-TEST_F(Generic, ExitWhileLoadingTakesTheMessageWindowAway)
+TEST_F(Generic, ExitWhileLoadingUnloadsTheScreenTakesTheMessageAwayAndBringsTheMenuBack)
 {
     WriteGeneric(WorkPlace);
     Open();
     form->Loader_Timer();
     ASSERT_FALSE(MessageText().isEmpty());
-    form->Unload();
+    QTest::mouseClick(form->CmdExit, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Form::Find(QStringLiteral("FrmGeneric")), nullptr);
     EXPECT_TRUE(MessageText().isEmpty());
+    EXPECT_TRUE(InitForm::Instance()->isVisible());
 }
 
 class DriveMonitor : public ShellFixture
