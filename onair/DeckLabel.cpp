@@ -1,4 +1,5 @@
 #include "onair/DeckLabel.h"
+#include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPainter>
 
@@ -37,6 +38,33 @@ void DeckLabel::SetAlignment(Qt::Alignment alignment)
     update();
 }
 
+void DeckLabel::SetTextFont(const QFont& font)
+{
+    m_font = font;
+    update();
+}
+
+void DeckLabel::SetActive(bool active)
+{
+    if (active == m_active)
+        return;
+    m_active = active;
+    update();
+}
+
+// A text too wide for the window is set smaller, down to two thirds of its size; beyond that
+// it is cut with an ellipsis.
+QFont DeckLabel::FittingFont(int room) const
+{
+    QFont font = m_font;
+    const double wide = QFontMetricsF(font).horizontalAdvance(m_text);
+    if (wide > room && wide > 0 && font.pixelSize() > 0) {
+        const double share = std::max(2.0 / 3.0, room / wide);
+        font.setPixelSize(std::max(6, static_cast<int>(font.pixelSize() * share)));
+    }
+    return font;
+}
+
 void DeckLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -53,11 +81,12 @@ void DeckLabel::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(box, radius, radius);
 
     QColor text = m_foreColor;
-    if (!isEnabled())
+    if (!m_active)
         text.setAlpha(110);
     painter.setPen(text);
-    painter.setFont(font());
-    const int margin = std::max(3, height() / 5);
+    const int margin = std::max(3, height() / 6);
+    const int room = width() - 2 * margin;
+    painter.setFont(FittingFont(room));
     painter.drawText(rect().adjusted(margin, 0, -margin, 0), static_cast<int>(m_alignment),
-                     painter.fontMetrics().elidedText(m_text, Qt::ElideRight, width() - 2 * margin));
+                     painter.fontMetrics().elidedText(m_text, Qt::ElideRight, room));
 }

@@ -63,6 +63,7 @@ const QColor RedFore(255, 192, 192);
 const QColor TitleLit(255, 255, 192);
 const QColor TitleDim(192, 192, 128);
 const QColor StatusDim(128, 192, 128);
+const QColor TitleBack(10, 12, 18);
 const QColor VolumeBack(10, 12, 16);
 const QColor VolumeFore(255, 190, 80);
 
@@ -175,6 +176,7 @@ void IFCartPlayer::CreateControls()
     LblStatus->SetAlignment(Qt::AlignCenter);
     LblTitle = new DeckLabel(this);
     LblTitle->setObjectName(QStringLiteral("LblTitle"));
+    LblTitle->SetBackColor(TitleBack);
     for (DeckLabel* label : {LblStatus, LblTitle}) {
         label->setAcceptDrops(true);
         label->setFocusPolicy(Qt::ClickFocus);
@@ -290,9 +292,9 @@ void IFCartPlayer::resizeEvent(QResizeEvent*)
     for (auto it = m_places.cbegin(); it != m_places.cend(); ++it)
         ApplyPlace(it.key());
     const int line = LblStatus->height();
-    LblStatus->setFont(DisplayFont(true, qRound(line * 0.58)));
-    LblTitle->setFont(DisplayFont(false, qRound(line * 0.5)));
-    LblVolume->setFont(DisplayFont(true, qRound(LblVolume->height() * 0.46)));
+    LblStatus->SetTextFont(DisplayFont(true, qRound(line * 0.46)));
+    LblTitle->SetTextFont(DisplayFont(false, qRound(line * 0.4)));
+    LblVolume->SetTextFont(DisplayFont(true, qRound(LblVolume->height() * 0.36)));
     RenderPictures();
 }
 
@@ -632,8 +634,8 @@ void IFCartPlayer::SetHighLight(bool highLight)
 
 void IFCartPlayer::SetLabelsEnabled(bool enabled)
 {
-    LblStatus->setEnabled(enabled);
-    LblTitle->setEnabled(enabled);
+    LblStatus->SetActive(enabled);
+    LblTitle->SetActive(enabled);
 }
 
 void IFCartPlayer::SetTriplePlayMode(bool mode)

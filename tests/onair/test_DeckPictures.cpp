@@ -5,73 +5,87 @@
 #include <QDir>
 
 namespace {
-void Photograph(QWidget* widget, const QString& name)
-{
-    const QString folder = QStringLiteral(KORVANE_BUILD_DIR "/screenshots");
-    QDir().mkpath(folder);
-    QApplication::processEvents();
-    EXPECT_TRUE(widget->grab().save(folder + QStringLiteral("/deck-") + name + QStringLiteral(".png")));
-}
-
-class DeckPictures : public ExpiringDeckTest
+template <class Base> class Pictures : public Base
 {
 protected:
     void SetUp() override
     {
-        ExpiringDeckTest::SetUp();
+        Base::SetUp();
         Theme::Apply(*qApp);
     }
 
     void TearDown() override
     {
         qApp->setStyleSheet(QString());
-        ExpiringDeckTest::TearDown();
+        Base::TearDown();
     }
 
-    void Meter(int reads)
+    IFCartPlayer& Deck()
     {
-        for (int i = 0; i < reads; ++i) {
-            AdvanceMs(15);
-            deck->TmrVumeter_Timer();
+        IFCartPlayer& deck = Base::Deck();
+        deck.resize(567, 300);
+        return deck;
+    }
+
+    // Plays on for a while, the meter reading as it goes.
+    void Run(int ms)
+    {
+        for (int done = 0; done < ms; done += 15) {
+            this->AdvanceMs(15);
+            this->deck->TmrVumeter_Timer();
         }
     }
+
+    void Photograph(const char* status)
+    {
+        const QString folder = QStringLiteral(KORVANE_BUILD_DIR "/screenshots");
+        QDir().mkpath(folder);
+        QApplication::processEvents();
+        EXPECT_TRUE(this->deck->grab().save(folder + QStringLiteral("/deck-") + QLatin1String(status) + QStringLiteral(".png")));
+    }
 };
+
+using DeckPictures = Pictures<DeckTest>;
+using ExpiringDeckPictures = Pictures<ExpiringDeckTest>;
 }
 
 TEST_F(DeckPictures, EveryStatus)
 {
-    IFCartPlayer& deck = Deck();
-    deck.resize(567, 300);
-    Photograph(&deck, QStringLiteral("ready"));
+    Deck();
+    Photograph("ready");
 
     Player()->Load(Cart(QStringLiteral("MUS0001")));
-    Photograph(&deck, QStringLiteral("cued"));
+    Photograph("cued");
 
     QTest::mousePress(Button("CmdFF"), Qt::LeftButton);
-    Photograph(&deck, QStringLiteral("cueing"));
+    Photograph("cueing");
     QTest::mouseRelease(Button("CmdFF"), Qt::LeftButton);
     AdvanceMs(300);
-    Photograph(&deck, QStringLiteral("cued-recue"));
+    Photograph("cued-recue");
 
     Player()->Recue();
     Fader()->setValue(-6);
     Press(Button("CmdPlay"));
-    Meter(3);
-    deck.iCartPlayer_StatusChanged(DeckStatus::Playing);
-    Photograph(&deck, QStringLiteral("playing"));
+    Run(120);
+    Photograph("playing");
 
     Player()->Pause();
-    AdvanceMs(10);
-    Photograph(&deck, QStringLiteral("paused"));
+    Run(30);
+    Photograph("paused");
 
     Player()->Pause();
-    Meter(2);
-    Photograph(&deck, QStringLiteral("expiring"));
-
-    AdvanceMs(1000);
-    deck.SetTriplePlayMode(true);
+    Run(1000);
+    deck->SetTriplePlayMode(true);
     Player()->Load(Cart(QStringLiteral("PUB0002")));
     Tool("CmdPlayMid")->click();
-    Meter(2);
-    Photograph(&deck, QStringLiteral("triple-play"));
+    Run(30);
+    Photograph("triple-play");
+}
+
+TEST_F(ExpiringDeckPictures, Expiring)
+{
+    Deck();
+    deck->PlayByID(QStringLiteral("PUB0001"));
+    Run(60);
+    Photograph("expiring");
 }
