@@ -147,6 +147,11 @@ TEST_F(DeckTest, TheTimeTextFollowsTheToggleThatAClickOnTheStatusLineFlips)
     EXPECT_FALSE(deck.TimeToggle());
     deck.iCartPlayer_DisplayTimeChanged(QStringLiteral("00:00:01.10"), QStringLiteral("-00:00:01.90"));
     EXPECT_EQ(Label("LblStatus")->Text(), QStringLiteral("00:00:01.10"));
+
+    // The text lines hand the keyboard to the fader.
+    QApplication::setActiveWindow(&deck);
+    QTest::mouseClick(Label("LblTitle"), Qt::LeftButton);
+    EXPECT_EQ(QApplication::focusWidget(), Fader());
 }
 
 TEST_F(DeckTest, TheMeterReadsTheStreamEvery150MsWhileAPlayerIsAttached)
