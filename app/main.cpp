@@ -1,5 +1,7 @@
+#include "browse/BrowseControls.h"
 #include "foundation/ui/Dialogs.h"
 #include "metering/MeteringControls.h"
+#include "onair/OnAirControls.h"
 #include "shell/Registry.h"
 #include "shell/Theme.h"
 #include "shell/modMain.h"
@@ -15,6 +17,8 @@ int main(int argc, char* argv[])
     Dialogs::InstallFromEnvironment();
     Registry::RegisterShell();
     Metering::RegisterControls(Registry::Register);
+    Browse::RegisterControls(Registry::Register);
+    OnAir::RegisterControls(Registry::Register);
     if (!modMain::Main())
         return modMain::EndedWith() < 0 ? 1 : modMain::EndedWith();
     return QApplication::exec();

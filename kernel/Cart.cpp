@@ -243,16 +243,18 @@ void Cart::StoreTime()
 
 std::shared_ptr<iSound> Cart::Sound() const
 {
-    if (m_record.type != CartType::Sound || m_record.id.isEmpty())
+    if (m_record.type != CartType::Sound)
         return nullptr;
     return SoundObject();
 }
 
 // The sound object of the present ID; a sound made under an earlier ID passes its fields on.
+// A new cart has a sound before it has an ID (a file dropped from the desktop plays that way)
+// and hands it to the ID it is saved under.
 std::shared_ptr<::Sound> Cart::SoundObject() const
 {
-    if (m_record.type != CartType::Sound || m_record.id.isEmpty())
-        throw KernelError(QStringLiteral("Cart '%1' is not a sound cart with an ID").arg(m_record.id));
+    if (m_record.type != CartType::Sound)
+        throw KernelError(QStringLiteral("Cart '%1' is not a sound cart").arg(m_record.id));
     if (m_sound && m_sound->ID() == m_record.id)
         return m_sound;
     auto sound = std::make_shared<::Sound>(m_world->Db(), m_record.id, m_world->SoundFolder());

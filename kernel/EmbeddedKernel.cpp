@@ -3,6 +3,7 @@
 #include "foundation/db/Recordset.h"
 #include "kernel/Application.h"
 #include "kernel/CartWorld.h"
+#include "kernel/CartID.h"
 #include "kernel/Carts.h"
 #include "kernel/Families.h"
 #include "kernel/PlayLists.h"
@@ -14,7 +15,11 @@
 #include "kernel/Users.h"
 #include "kernel/audio/Channels.h"
 #include "kernelapi/KernelError.h"
+#include "kernelapi/iCart.h"
+#include "kernelapi/iSound.h"
+#include <QFileInfo>
 #include <QRegularExpression>
+#include <QUrl>
 
 namespace {
 const QString Object = QStringLiteral("CKernel");
@@ -159,13 +164,29 @@ void EmbeddedKernel::AutomaticLogin()
         m_users->LoginWithoutPassword(user);
 }
 
+// Dropped text names a cart by its ID (the first word: "JIN0001 Morning jingle" is JIN0001),
+// or an audio file by its path or file URL, which the given cart takes as its sound without
+// touching the catalogue. Anything else fills nothing.
+CKernel::FilledCart EmbeddedKernel::FillCartFromText(const std::shared_ptr<iCart>& cart, const QString& text)
+{
+    const QString first = text.trimmed().section(QRegularExpression(QStringLiteral("\\s+")), 0, 0);
+    if (CartID::IsValid(first) && Carts()->Exists(CartID::Normalized(first)))
+        return {Carts()->Cart(CartID::Normalized(first)), true};
+    const QString line = text.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed();
+    const QString path = line.startsWith(QLatin1String("file:")) ? QUrl(line).toLocalFile() : line;
+    if (cart && !path.isEmpty() && QFileInfo(path).isFile()) {
+        cart->SetType(CartType::Sound);
+        if (cart->Description().isEmpty())
+            cart->SetDescription(QFileInfo(path).completeBaseName());
+        cart->Sound()->SetFileName(QFileInfo(path).absoluteFilePath());
+        return {cart, true};
+    }
+    return {cart, false};
+}
+
 // Parts of the kernel that later work provides.
 std::shared_ptr<iCdRoms> EmbeddedKernel::CdRoms() { throw NotAvailable("CKernel.CdRoms"); }
 std::shared_ptr<iDataService> EmbeddedKernel::DataService() { throw NotAvailable("CKernel.DataService"); }
-CKernel::FilledCart EmbeddedKernel::FillCartFromText(const std::shared_ptr<iCart>&, const QString&)
-{
-    throw NotAvailable("CKernel.FillCartFromText");
-}
 void EmbeddedKernel::Import() { throw NotAvailable("CKernel.Import"); }
 void EmbeddedKernel::Refresh() { throw NotAvailable("CKernel.Refresh"); }
 void EmbeddedKernel::Shout(const QString&) { throw NotAvailable("CKernel.Shout"); }

@@ -1,11 +1,11 @@
 // The whole workstation as main runs it, on a fresh demo station: log in, open a screen, log
 // out and leave, with real mouse and key events; and the real executable on a folder that is
 // no station. The walk photographs each screen into build/screenshots.
+#include "e2e/WorkstationSteps.h"
 #include "foundation/ui/ScriptedDialogs.h"
 #include "metering/IFChannelMonitor.h"
 #include "shell/ConfigForm.h"
 #include "shell/FrmLevels.h"
-#include "shell/IFMenu.h"
 #include "shell/InitForm.h"
 #include "shell/PasswordForm.h"
 #include "shell/Theme.h"
@@ -13,9 +13,7 @@
 #include "support/Photograph.h"
 #include "support/TempStation.h"
 #include <QApplication>
-#include <QDate>
 #include <QDir>
-#include <QFile>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -29,36 +27,15 @@ QString BuildDir()
 {
     return QStringLiteral(KORVANE_BUILD_DIR);
 }
-
-QPushButton* MenuButton(const QString& caption)
-{
-    IFMenu* menu = InitForm::Instance()->MenuSelector();
-    for (int k = 1; k <= menu->ButtonCount(); ++k)
-        if (menu->CmdMenu(k)->text() == caption)
-            return menu->CmdMenu(k);
-    return nullptr;
 }
 
-void Click(QAbstractButton* button)
-{
-    ASSERT_NE(button, nullptr);
-    QTest::mouseClick(button, Qt::LeftButton);
-    QCoreApplication::processEvents();
-}
-}
+using namespace WorkstationSteps;
 
 TEST(Workstation, LogsInOpensAScreenLogsOutAndLeaves)
 {
     TempStation station;
-    auto scripted = std::make_unique<ScriptedDialogs>();
-    ScriptedDialogs* dialogs = scripted.get();
-    Dialogs::SetHandler(std::move(scripted));
     int ended = -1;
-    modMain::SetProcessEnder([&](int code) { ended = code; });
-    Theme::Apply(*qApp);
-
-    ASSERT_TRUE(modMain::Main());
-    QCoreApplication::processEvents();
+    ScriptedDialogs* dialogs = Start(ended);
     Photograph(InitForm::Instance(), QStringLiteral("menu-logged-out"));
 
     Click(MenuButton(QStringLiteral("Login")));
@@ -107,9 +84,7 @@ TEST(Workstation, LogsInOpensAScreenLogsOutAndLeaves)
     EXPECT_EQ(dialogs->boxes[0].text, QStringLiteral("Do you really want to exit?"));
     EXPECT_EQ(ended, 0);
 
-    QFile log(station.Dir() + QStringLiteral("log/") + QDate::currentDate().toString(Qt::ISODate) + QStringLiteral(".log"));
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(log.readAll());
+    const QString text = TodaysLog(station.Dir());
     EXPECT_FALSE(text.contains(QStringLiteral("ERROR: "))) << text.toStdString();
     for (const char* step : {"Interface version = ", "MT_OpenForm.", "Opening form 'PasswordForm'", "Opening form 'ConfigForm'", "Opening form 'FrmLevels'", "MT_Logout.", "MT_Exit."})
         EXPECT_TRUE(text.contains(QString::fromLatin1(step))) << step;

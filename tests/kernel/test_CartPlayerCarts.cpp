@@ -16,6 +16,7 @@
 #include "kernelapi/iStreams.h"
 #include "support/TempStation.h"
 #include <QFile>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 namespace {
@@ -114,6 +115,27 @@ TEST_F(CartPlayerCartsTest, WhatCannotBePlayedIsRefusedAndThePlayerStaysUsable)
     EXPECT_FALSE(player->Loaded());
 
     player->Load(Cart(QStringLiteral("JIN0002")));
+    player->Play();
+    AdvanceMs(30);
+    EXPECT_EQ(player->Status(), Playing);
+}
+
+TEST_F(CartPlayerCartsTest, DroppedTextNamesACartOrAFileAndAFilePlaysWithoutACatalogueRow)
+{
+    const auto byID = kernel->FillCartFromText(kernel->Carts()->NewCart(), QStringLiteral("  jin0001 Morning jingle\n"));
+    ASSERT_TRUE(byID.ok);
+    EXPECT_EQ(byID.cart, Cart(QStringLiteral("JIN0001")));
+    EXPECT_FALSE(kernel->FillCartFromText(kernel->Carts()->NewCart(), QStringLiteral("JIN0999")).ok);
+    EXPECT_FALSE(kernel->FillCartFromText(kernel->Carts()->NewCart(), QStringLiteral("no cart at all")).ok);
+    EXPECT_FALSE(kernel->FillCartFromText(kernel->Carts()->NewCart(), QString()).ok);
+
+    const QString file = Cart(QStringLiteral("JIN0002"))->Sound()->FileName();
+    const auto byFile = kernel->FillCartFromText(kernel->Carts()->NewCart(), QUrl::fromLocalFile(file).toString());
+    ASSERT_TRUE(byFile.ok);
+    EXPECT_TRUE(byFile.cart->ID().isEmpty());
+    EXPECT_EQ(byFile.cart->Sound()->FileName(), file);
+    const auto player = Player();
+    player->Load(byFile.cart);
     player->Play();
     AdvanceMs(30);
     EXPECT_EQ(player->Status(), Playing);

@@ -1,0 +1,44 @@
+#pragma once
+#include "shell/Form.h"
+#include <array>
+
+class IFBrowserCart;
+class IFBrowserFamily;
+class IFCartPlayer;
+class IFVumeters;
+class QLabel;
+class QToolButton;
+
+// The first on-air page: the family and cart browsers on the left, the two decks of channel
+// "A" and the meter row on the right. A family chosen in the family browser fills the cart
+// browser; a cart dragged from the list onto a deck plays there. The page stands until the
+// full Live screen takes its place.
+class FrmOnAir : public Form
+{
+    Q_OBJECT
+public:
+    static constexpr int DeckCount = 2;
+
+    FrmOnAir();
+
+    IFBrowserFamily* IFBrowserFamily1;
+    IFBrowserCart* IFBrowserCart1;
+    std::array<IFCartPlayer*, DeckCount> IFCartPlayer1;
+    IFVumeters* LevelPannel;
+    QLabel* CartLabel;
+    QToolButton* CmdExit;
+
+    // Set while a browser's text box wants the keys that would otherwise play carts.
+    bool PreventShortCuts() const { return m_preventShortCuts; }
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    QWidget* BuildBrowsers();
+    QWidget* BuildDecks();
+    void WireControls();
+
+    bool m_preventShortCuts = false;
+};
