@@ -207,8 +207,13 @@ void CartPlayer::ToCued(int position)
     StopOutgoing();
     DisarmNext();
     Switch(m_queue.Current(), position);
+    const bool moved = m_cue != position;
     m_cue = position;
     PublishTime();
+    // A cued player whose cue point moved is reported again: what a deck offers (cue or
+    // recue) depends on where it is cued.
+    if (moved && m_status == CartPlayerStatus::Cued)
+        Q_EMIT StatusChanged(static_cast<qint32>(m_status));
     SetStatus(CartPlayerStatus::Cued);
 }
 

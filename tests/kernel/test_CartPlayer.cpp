@@ -129,8 +129,12 @@ TEST_F(CartPlayerTest, CueRecuePositionAndWindingMoveWhereThePlayerStands)
     player->Cue();
     EXPECT_EQ(player->Status(), Cued);
     EXPECT_EQ(player->CuePosition(), 700) << "Cue goes back to the cue point";
+    log.events.clear();
     player->Recue();
     EXPECT_EQ(player->CuePosition(), 0) << "Recue goes back to the start";
+    EXPECT_EQ(log.Of("Status"), QStringList({"4"})) << "a move of the cue point is reported";
+    player->Recue();
+    EXPECT_EQ(log.Of("Status"), QStringList({"4"})) << "a recue where it stands is not";
     EXPECT_EQ(Failure([&] { player->SetPosition(5000); }), QString());
     EXPECT_EQ(player->CuePosition(), 999) << "a position beyond the end stops at the last ms";
 
