@@ -273,6 +273,21 @@ void CatalogueSchema::Create(Database& db, Catalogue catalogue)
     });
 }
 
+QString CatalogueSchema::DeclaredName(const QString& table, const QString& column)
+{
+    for (Catalogue catalogue : {Catalogue::Sound, Catalogue::User, Catalogue::Kernel}) {
+        for (const Table& declared : TablesOf(catalogue)) {
+            if (declared.name.compare(table, Qt::CaseInsensitive) != 0)
+                continue;
+            for (const Column& candidate : declared.columns) {
+                if (column.compare(QLatin1String(candidate.name), Qt::CaseInsensitive) == 0)
+                    return QString::fromLatin1(candidate.name);
+            }
+        }
+    }
+    return column;
+}
+
 QStringList CatalogueSchema::TableNames(Catalogue catalogue)
 {
     QStringList names;

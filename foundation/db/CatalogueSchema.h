@@ -33,6 +33,9 @@ public:
     static void CreateKernelSchema(Database& db);
     static void Create(Database& db, Catalogue catalogue);
 
+    // A column's name as the catalogue spells it ("Descripcio"), for a store that keeps names
+    // folded to lower case; the name as given when no catalogue table declares it.
+    static QString DeclaredName(const QString& table, const QString& column);
     // The names of a catalogue's tables, in the order they are created.
     static QStringList TableNames(Catalogue catalogue);
     // The statements that Create runs, in order, for a dialect.

@@ -1,4 +1,5 @@
 #include "foundation/db/PostgresDriver.h"
+#include "foundation/db/CatalogueSchema.h"
 #include "kernelapi/KernelError.h"
 #include <QSqlQuery>
 #include <map>
@@ -103,7 +104,7 @@ TableInfo PostgresDriver::ReadTable(Database& db, const QString& name)
         {db.Dialect().QuoteIdentifier(name)});
     std::map<int, QString> key;
     while (query.next()) {
-        const QString field = query.value(0).toString();
+        const QString field = CatalogueSchema::DeclaredName(name, query.value(0).toString());
         info.fields << FieldInfo::FromDeclaredType(field, query.value(1).toString());
         info.view = query.value(2).toBool();
         if (const int position = query.value(3).toInt(); position > 0)

@@ -11,6 +11,7 @@
 #include <QSet>
 #include <QSqlField>
 #include <QSqlRecord>
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -152,6 +153,7 @@ struct Recordset::Impl
     QVariantList RowFrom(const QSqlQuery& query) const;
     std::optional<QVariantList> ReadRow(const QVariant& identity);
     void StoreWritten(int row, const QVariant& identity, bool append);
+    QVariant CurrentIdentity();
     std::pair<QStringList, QVariantList> ChangedFields() const;
     void Insert();
     void UpdateCurrent();
@@ -200,7 +202,9 @@ void Recordset::Impl::DescribeFields(const QSqlRecord& record, const TableInfo* 
         const QSqlField field = record.field(i);
         const int declared = table ? table->IndexOf(field.name()) : -1;
         fields << (declared >= 0 ? table->fields[declared] : FieldInfo{field.name(), KindOfValueType(field.metaType()), 0});
-        fields.back().name = field.name();
+        // The store's spelling of a declared field (a server folds the names it is sent).
+        if (declared < 0 || table->fields[declared].name.compare(field.name(), Qt::CaseInsensitive) != 0)
+            fields.back().name = field.name();
     }
 }
 
@@ -327,7 +331,7 @@ void Recordset::Impl::UpdateCurrent()
         return;
     for (QString& assignment : assignments)
         assignment += QStringLiteral(" = ?");
-    values << CurrentCell(0);
+    values << CurrentIdentity();
     QSqlQuery query = db.QueryNative(QStringLiteral("UPDATE %1 SET %2 WHERE %3 RETURNING %4")
                                          .arg(Quoted(baseTable), assignments.join(QStringLiteral(", ")),
                                               db.Dialect().IdentityMatch(), db.Dialect().RowIdentity()),
@@ -335,6 +339,32 @@ void Recordset::Impl::UpdateCurrent()
     if (!query.next())
         throw KernelError(QStringLiteral("The row of %1 was deleted by another user; requery.").arg(baseTable));
     StoreWritten(pos, query.value(0), false);
+}
+
+// The identity of the current row as the store holds it now. A server's row identity (ctid)
+// moves whenever anyone writes the row, so a row that another workstation changed since it
+// was read is found again by its primary key; a row that is gone keeps the identity it had.
+QVariant Recordset::Impl::CurrentIdentity()
+{
+    const QVariant identity = CurrentCell(0);
+    const TableInfo& table = db.Table(baseTable);
+    if (table.primaryKey.isEmpty() || ReadRow(identity))
+        return identity;
+    QStringList conditions;
+    QVariantList key;
+    for (const QString& field : table.primaryKey) {
+        const auto found = std::find_if(fields.begin(), fields.end(), [&](const FieldInfo& info) {
+            return info.name.compare(field, Qt::CaseInsensitive) == 0;
+        });
+        if (found == fields.end())
+            return identity; // a projection without the key: the row cannot be found again
+        conditions << Quoted(field) + QStringLiteral(" = ?");
+        key << CurrentCell(int(found - fields.begin()) + offset);
+    }
+    QSqlQuery query = db.QueryNative(QStringLiteral("SELECT %1 FROM %2 WHERE %3")
+                                         .arg(db.Dialect().RowIdentity(), Quoted(baseTable), conditions.join(QStringLiteral(" AND "))),
+                                     key);
+    return query.next() ? query.value(0) : identity;
 }
 
 // What identifies a row when searching: its identity, or all its values when read-only.
@@ -503,7 +533,7 @@ void Recordset::CancelUpdate()
 void Recordset::Delete()
 {
     d->RequireUpdatable();
-    const QVariant identity = d->CurrentCell(0);
+    const QVariant identity = d->CurrentIdentity();
     d->db.QueryNative(QStringLiteral("DELETE FROM %1 WHERE %2").arg(d->Quoted(d->baseTable), d->db.Dialect().IdentityMatch()),
                       {identity});
     d->rows.Remove(d->pos);
