@@ -1,8 +1,8 @@
-// Pictures of the deck in each status, written to screenshots/deck-<status>.png of the build
-// folder for a person to look at.
+// Pictures of the deck in each status, written to build/screenshots/deck-<status>.png for a
+// person to look at.
 #include "DeckTest.h"
 #include "shell/Theme.h"
-#include <QDir>
+#include "support/Photograph.h"
 
 namespace {
 template <class Base> class Pictures : public Base
@@ -38,10 +38,8 @@ protected:
 
     void Photograph(const char* status)
     {
-        const QString folder = QStringLiteral(KORVANE_BUILD_DIR "/screenshots");
-        QDir().mkpath(folder);
         QApplication::processEvents();
-        EXPECT_TRUE(this->deck->grab().save(folder + QStringLiteral("/deck-") + QLatin1String(status) + QStringLiteral(".png")));
+        EXPECT_TRUE(::Photograph(this->deck.get(), QStringLiteral("deck-") + QLatin1String(status)));
     }
 };
 
