@@ -4,6 +4,7 @@
 // skipped with a message). The server's copy is made by `korvane-station migrate`.
 #include "foundation/Ini.h"
 #include "foundation/db/Database.h"
+#include "foundation/db/PostgresLocation.h"
 #include "foundation/db/Recordset.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernel/Station.h"
@@ -16,8 +17,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QUrl>
-#include <QUrlQuery>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -52,11 +51,7 @@ QString ServerStation()
     const QString server = qEnvironmentVariable("KORVANE_TEST_POSTGRES");
     if (!station.isEmpty() || server.isEmpty())
         return station;
-    QUrl url(server);
-    QUrlQuery query(url);
-    query.removeAllQueryItems(QStringLiteral("schema"));
-    query.addQueryItem(QStringLiteral("schema"), QStringLiteral("bench"));
-    url.setQuery(query);
+    const QString bench = PostgresLocation::WithSchema(server, QStringLiteral("bench"));
     const QString sqlite = SqliteStation();
     const QString dir = StationsDir() + QStringLiteral("database-100k-server/");
     QDir(dir).removeRecursively();
@@ -64,8 +59,8 @@ QString ServerStation()
     QFile::copy(sqlite + QStringLiteral("station.ini"), dir + QStringLiteral("station.ini"));
     QFile::copy(sqlite + QStringLiteral("kernel.ini"), dir + QStringLiteral("kernel.ini"));
     WriteIni(QStringLiteral("Data"), QStringLiteral("Path"), sqlite + QStringLiteral("data/"), dir + QStringLiteral("kernel.ini"));
-    ServerCatalogue(url.toString()).Drop();
-    StationMigration(dir, url.toString(), QString()).Migrate();
+    ServerCatalogue(bench).Drop();
+    StationMigration(dir, bench, QString()).Migrate();
     station = dir;
     return station;
 }

@@ -3,8 +3,6 @@
 #include "foundation/db/PostgresLocation.h"
 #include "kernel/StationDatabases.h"
 #include <QSqlQuery>
-#include <QUrl>
-#include <QUrlQuery>
 
 namespace {
 QString Quoted(const QString& name)
@@ -41,13 +39,7 @@ QStringList ServerCatalogue::Schemas() const
 
 QString ServerCatalogue::ServerDatabase() const
 {
-    QUrl url(m_station.trimmed());
-    QUrlQuery query(url);
-    query.removeAllQueryItems(QStringLiteral("schema"));
-    query.removeAllQueryItems(QStringLiteral("currentSchema"));
-    query.addQueryItem(QStringLiteral("schema"), QStringLiteral("public"));
-    url.setQuery(query);
-    return url.toString();
+    return PostgresLocation::WithSchema(m_station, QStringLiteral("public"));
 }
 
 bool ServerCatalogue::Exists() const

@@ -20,6 +20,17 @@ QString ClientOption(const QString& key, QString value)
 }
 }
 
+QString PostgresLocation::WithSchema(const QString& uri, const QString& schema)
+{
+    QUrl url(uri.trimmed());
+    QUrlQuery query(url);
+    query.removeAllQueryItems(QStringLiteral("schema"));
+    query.removeAllQueryItems(QStringLiteral("currentSchema"));
+    query.addQueryItem(QStringLiteral("schema"), schema);
+    url.setQuery(query);
+    return url.toString();
+}
+
 bool PostgresLocation::Names(const QString& location)
 {
     return location.startsWith(QLatin1String("postgresql://"), Qt::CaseInsensitive)

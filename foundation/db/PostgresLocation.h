@@ -16,6 +16,8 @@
 class PostgresLocation
 {
 public:
+    // The same URI with its schema parameter replaced (a station's name, or public).
+    static QString WithSchema(const QString& uri, const QString& schema);
     // Whether a location text names a server rather than a file.
     static bool Names(const QString& location);
     // Throws KernelError for a malformed URI or a missing database name.

@@ -1,11 +1,10 @@
 #include "support/TestServer.h"
 #include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
+#include "foundation/db/PostgresLocation.h"
 #include "kernel/StationDatabases.h"
 #include "tools/ServerCatalogue.h"
 #include <QCryptographicHash>
-#include <QUrl>
-#include <QUrlQuery>
 #include <gtest/gtest.h>
 
 const char* const NoTestServer =
@@ -28,12 +27,7 @@ QString ServerStation(const QString& uri)
     const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
     const QByteArray name = test ? QByteArray(test->test_suite_name()) + '.' + test->name() : QByteArray("no test");
     const QString station = QStringLiteral("t") + QCryptographicHash::hash(name, QCryptographicHash::Md5).toHex().left(12);
-    QUrl url(uri);
-    QUrlQuery query(url);
-    query.removeAllQueryItems(QStringLiteral("schema"));
-    query.addQueryItem(QStringLiteral("schema"), station);
-    url.setQuery(query);
-    return url.toString();
+    return PostgresLocation::WithSchema(uri, station);
 }
 
 QString FreshServerStation()
