@@ -1,0 +1,131 @@
+// The road of a cart to air on the running workstation: log in, open the on-air page, pick a
+// family, drag a cart from the list onto a deck with the mouse, hear it on the Null device
+// (on the virtual clock, so nothing waits), and work the deck's transport.
+#include "browse/BrowserRowModel.h"
+#include "browse/IFBrowserCart.h"
+#include "browse/IFBrowserFamily.h"
+#include "e2e/WorkstationSteps.h"
+#include "foundation/Ini.h"
+#include "foundation/controls/UCButton.h"
+#include "kernel/audio/AudioEngine.h"
+#include "kernel/audio/Channels.h"
+#include "foundation/Globals.h"
+#include "kernelapi/CKernel.h"
+#include "kernelapi/iCartPlayer.h"
+#include "kernelapi/iStream.h"
+#include "onair/FrmOnAir.h"
+#include "onair/IFCartPlayer.h"
+#include "support/Photograph.h"
+#include "support/TempStation.h"
+#include <QApplication>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeView>
+#include <gtest/gtest.h>
+
+using namespace WorkstationSteps;
+
+namespace {
+constexpr qint32 Ready = static_cast<qint32>(CartPlayerStatus::Ready);
+constexpr qint32 Playing = static_cast<qint32>(CartPlayerStatus::Playing);
+constexpr qint32 Paused = static_cast<qint32>(CartPlayerStatus::Paused);
+constexpr qint32 Cued = static_cast<qint32>(CartPlayerStatus::Cued);
+
+// Runs the Null device's clock, and lets the engine's events reach the screen.
+void AdvanceMs(int ms)
+{
+    AudioEngine& engine = dynamic_cast<Channels&>(*Globals::Kernel()->Channels()).Engine();
+    engine.Advance(static_cast<std::int64_t>(ms) * engine.Settings().sampleRate / 1000);
+    QCoreApplication::processEvents();
+}
+
+// The centre of a list row in the list's viewport, found by its ID.
+QPoint RowCentre(QTreeView* list, const QString& id)
+{
+    const QModelIndexList found = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, id, 1, Qt::MatchExactly);
+    EXPECT_FALSE(found.isEmpty()) << id.toStdString();
+    if (found.isEmpty())
+        return {};
+    list->scrollTo(found.first());
+    return list->visualRect(found.first()).center();
+}
+
+void Press(QWidget* button)
+{
+    ASSERT_NE(button, nullptr);
+    QTest::mousePress(button, Qt::LeftButton);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    AdvanceMs(30);
+}
+
+// Presses a row of the cart list and drags it onto the deck, the way a hand does: a first
+// move out of the click distance, then moves over the deck, and the release there.
+void DragRowOntoDeck(QTreeView* list, const QString& id, IFCartPlayer* deck)
+{
+    QWidget* viewport = list->viewport();
+    const QPoint from = RowCentre(list, id);
+    const QPoint onDeck = viewport->mapFromGlobal(deck->mapToGlobal(deck->rect().center()));
+    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+    QTest::mouseMove(viewport, from + QPoint(0, 12));
+    QTest::mouseMove(viewport, onDeck);
+    QTest::mouseMove(viewport, onDeck + QPoint(2, 0));
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, onDeck + QPoint(2, 0));
+}
+}
+
+TEST(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
+{
+    TempStation station;
+    WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), station.KernelIniFile());
+    WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), station.KernelIniFile());
+    int ended = -1;
+    Start(ended);
+    LogIn(QStringLiteral("admin"), QStringLiteral("korvane"));
+    Click(MenuButton(QStringLiteral("On air")));
+    auto* onAir = qobject_cast<FrmOnAir*>(Form::Find(QStringLiteral("FrmOnAir")));
+    ASSERT_NE(onAir, nullptr);
+    ASSERT_TRUE(onAir->isVisible());
+
+    QTreeView* families = onAir->IFBrowserFamily1->ListView1;
+    QTest::mouseClick(families->viewport(), Qt::LeftButton, {}, RowCentre(families, QStringLiteral("JIN")));
+    for (int k = 0; k < 100 && onAir->IFBrowserCart1->Rows().rowCount() == 0; ++k)
+        QCoreApplication::processEvents();
+    ASSERT_GT(onAir->IFBrowserCart1->Rows().rowCount(), 0);
+
+    IFCartPlayer* deck = onAir->IFCartPlayer1[0];
+    DragRowOntoDeck(onAir->IFBrowserCart1->ListView1, QStringLiteral("JIN0001"), deck);
+    AdvanceMs(40);
+    const auto player = deck->CartPlayer();
+    ASSERT_NE(player, nullptr);
+    EXPECT_EQ(player->Status(), Playing);
+    EXPECT_GT(player->Stream()->GetLevels().left, -110.0f) << "the stream sounds on the Null device";
+    EXPECT_EQ(onAir->IFCartPlayer1[1]->CartPlayer()->Status(), Ready) << "only the deck dropped on plays";
+    Photograph(onAir, QStringLiteral("onair-playing"));
+
+    Press(deck->findChild<UCButton*>(QStringLiteral("CmdPause")));
+    EXPECT_EQ(player->Status(), Paused);
+    Press(deck->findChild<UCButton*>(QStringLiteral("CmdCue")));
+    AdvanceMs(60);
+    EXPECT_EQ(player->Status(), Cued);
+    Press(deck->findChild<UCButton*>(QStringLiteral("CmdPlay")));
+    EXPECT_EQ(player->Status(), Playing);
+
+    // Fade out: the fader walks down a dB a tick and the player stops at the bottom.
+    QTest::mouseClick(deck->findChild<QToolButton*>(QStringLiteral("CmdFadeOut")), Qt::LeftButton);
+    for (int tick = 0; tick < 80 && player->Status() != Ready; ++tick) {
+        deck->TmrFadeOut_Timer();
+        AdvanceMs(1);
+    }
+    AdvanceMs(30);
+    EXPECT_EQ(player->Status(), Ready);
+
+    DragRowOntoDeck(onAir->IFBrowserCart1->ListView1, QStringLiteral("JIN0002"), deck);
+    AdvanceMs(20);
+    EXPECT_TRUE(player->Loaded());
+    Press(deck->findChild<UCButton*>(QStringLiteral("CmdEject")));
+    EXPECT_FALSE(player->Loaded());
+    EXPECT_EQ(player->Status(), Ready);
+
+    const QString log = TodaysLog(station.Dir());
+    EXPECT_FALSE(log.contains(QStringLiteral("ERROR: "))) << log.toStdString();
+}
