@@ -21,7 +21,8 @@
 
 namespace {
 constexpr int Carts = 100000;
-const QString LastCart = QStringLiteral("BAJ9999");
+// The last two carts, asked for in turn so that no find reuses the previous one's answer.
+const QString LastCarts[] = {QStringLiteral("BAJ9999"), QStringLiteral("BAJ9998")};
 
 QString StationsDir()
 {
@@ -84,8 +85,8 @@ bool Skipped(benchmark::State& state, const QString& station)
     return true;
 }
 
-// FindFirst of the last cart over the shared Cart recordset, its rows already read: the
-// criteria is checked against every row.
+// FindFirst of one of the last carts over the shared Cart recordset, its rows already read:
+// the criteria runs on the store and the answer is looked up among all rows.
 void FindFirstIn100kCarts(benchmark::State& state)
 {
     const QString station = StationOf(state);
@@ -99,8 +100,9 @@ void FindFirstIn100kCarts(benchmark::State& state)
         state.SkipWithError("the catalogue has fewer than 100,000 carts");
         return;
     }
+    int turn = 0;
     for (auto _ : state) {
-        carts.FindFirst(QStringLiteral("ID = '") + LastCart + u'\'');
+        carts.FindFirst(QStringLiteral("ID = '") + LastCarts[turn++ % 2] + u'\'');
         benchmark::DoNotOptimize(carts.NoMatch());
     }
     state.SetLabel((EngineName(state) + QStringLiteral(", budget: under 100 ms (a search of the whole catalogue)")).toStdString());
