@@ -19,4 +19,6 @@ struct CartRecord
     qint32 soundStop = 0;
     qint32 startMark = 0;
     qint32 stopMark = 0;
+
+    bool operator==(const CartRecord&) const = default;
 };

@@ -11,6 +11,7 @@
 #include "kernel/Files.h"
 #include "kernel/Station.h"
 #include "kernel/StationDatabases.h"
+#include "kernel/StoreWatcher.h"
 #include "kernel/Translator.h"
 #include "kernel/Users.h"
 #include "kernel/audio/Channels.h"
@@ -67,6 +68,7 @@ EmbeddedKernel::EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log
     m_carts = std::make_shared<::Carts>(m_cartWorld);
     m_families = std::make_shared<::Families>(m_cartWorld);
     m_cartWorld->SetFamilies(m_families);
+    m_watcher = std::make_unique<StoreWatcher>(m_db, m_families);
     m_playLists = std::make_shared<::PlayLists>(m_cartWorld);
 }
 

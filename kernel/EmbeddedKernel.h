@@ -13,6 +13,7 @@ class PlayLists;
 class Database;
 class Files;
 class Station;
+class StoreWatcher;
 class Translator;
 class Users;
 
@@ -25,6 +26,9 @@ public:
     // databases cannot be used.
     static std::shared_ptr<EmbeddedKernel> Open(const StationFolder& folder, std::shared_ptr<CLogger> logger);
     ~EmbeddedKernel() override;
+
+    // What notices other workstations' writes; its timer ticks once a second.
+    StoreWatcher& Watcher() const { return *m_watcher; }
 
     std::shared_ptr<iFiles> Files() override;
     std::shared_ptr<iChannels> Channels() override;
@@ -75,5 +79,6 @@ private:
     std::shared_ptr<CartWorld> m_cartWorld;
     std::shared_ptr<::Carts> m_carts;
     std::shared_ptr<::Families> m_families;
+    std::unique_ptr<StoreWatcher> m_watcher;
     std::shared_ptr<::PlayLists> m_playLists;
 };

@@ -110,6 +110,19 @@ void Families::Refresh()
     Q_EMIT Changed();
 }
 
+void Families::Recheck()
+{
+    if (m_families) {
+        const std::vector<FamilyStore::Row> stored = m_world->FamilyRows().ReadAll();
+        const bool same = std::equal(stored.begin(), stored.end(), m_families->begin(), m_families->end(),
+                                     [](const FamilyStore::Row& row, const std::shared_ptr<Family>& family) { return row == family->Row(); });
+        if (!same)
+            Refresh();
+    }
+    for (const std::shared_ptr<Family>& family : List())
+        family->Recheck();
+}
+
 std::vector<std::shared_ptr<Family>>& Families::List() const
 {
     if (!m_families) {

@@ -24,6 +24,9 @@ public:
     void Remove(const QString& familyID) override;
     void Add(const QString& name, const QString& description) override;
     void Refresh() override;
+    // Takes up what another workstation changed: the family list (Changed when it differs
+    // from the store) and the carts of every family already read.
+    void Recheck();
     bool Exists(const QString& familyID) const override;
 
     // The family of that ID; null when there is none. Never throws for a bad ID.

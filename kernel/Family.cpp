@@ -150,6 +150,17 @@ void Family::Refresh()
     ContentsChanged();
 }
 
+void Family::Recheck()
+{
+    if (!m_records)
+        return;
+    std::vector<CartRecord> stored = m_world->Store().ReadFamily(m_row.id);
+    if (stored == *m_records)
+        return;
+    m_records = std::move(stored);
+    Q_EMIT ChangedContents();
+}
+
 void Family::ContentsChanged()
 {
     m_records.reset();

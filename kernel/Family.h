@@ -38,7 +38,11 @@ public:
     int Count() const override;
     std::shared_ptr<iCart> Item(int index) const override;
 
+    const FamilyStore::Row& Row() const { return m_row; }
     void SetRow(const FamilyStore::Row& row) { m_row = row; }
+    // Compares the carts already read with the store: when another workstation changed them,
+    // takes the new rows and raises ChangedContents. Carts not read yet are left to be read.
+    void Recheck();
     // Carts came or went: the rows are read again on next use; raises ChangedContents.
     void ContentsChanged();
     // A cart's stored properties changed: its row is read again; raises SlightlyChangedContents.

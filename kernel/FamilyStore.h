@@ -20,6 +20,8 @@ public:
         QString id;
         QString description;
         bool everyBody = false; // Tothom
+
+        bool operator==(const Row&) const = default;
     };
 
     enum class Right { None, Read, Write };

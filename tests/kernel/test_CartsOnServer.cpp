@@ -1,6 +1,7 @@
 #include "foundation/Ini.h"
 #include "foundation/db/Database.h"
 #include "kernel/EmbeddedKernel.h"
+#include "kernel/StoreWatcher.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iCarts.h"
 #include "kernelapi/iFamilies.h"
@@ -87,7 +88,7 @@ TEST(CartsOnServer, CartsFamiliesMacrosAndPlaylistsWorkOnAServerCatalogue)
     ASSERT_TRUE(carts->MoveCart(QStringLiteral("JIN0002"), QStringLiteral("JIN0003")));
     EXPECT_FALSE(carts->CopyCart(QStringLiteral("JIN0001"), QStringLiteral("JIN0003")));
     EXPECT_FALSE(carts->DeleteCart(QStringLiteral("JIN0005"), false).failed);
-    family->Refresh();
+    second->Watcher().Tick(); // the other studio's writes reach the family read before
     EXPECT_EQ(IDsOf(*family), QStringList({"JIN0001", "JIN0003"}));
     EXPECT_EQ(family->FreeSlots(QStringLiteral("JIN0001"), 0), QList<int>({0, 2, 4, 5, 6, 7, 8, 9, 10, 11}));
 
@@ -111,6 +112,6 @@ TEST(CartsOnServer, CartsFamiliesMacrosAndPlaylistsWorkOnAServerCatalogue)
     second->Families()->Add(QStringLiteral("NEW"), QStringLiteral("News"));
     EXPECT_TRUE(first->Families()->Exists(QStringLiteral("NEW")));
     first->Families()->Remove(QStringLiteral("NEW"));
-    second->Families()->Refresh();
+    second->Watcher().Tick();
     EXPECT_FALSE(second->Families()->Exists(QStringLiteral("NEW")));
 }

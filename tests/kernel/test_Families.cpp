@@ -1,5 +1,6 @@
 #include "test_CartsFixture.h"
 #include "kernelapi/iFamilySlots.h"
+#include "kernel/StoreWatcher.h"
 #include "support/TempStation.h"
 #include <QSignalSpy>
 
@@ -190,4 +191,37 @@ TEST(FamilyOfTenThousand, IteratesEveryCartInSlotOrder)
     EXPECT_EQ(inOrder, 10000);
     EXPECT_EQ(family->Slots()->Count(), 10000);
     EXPECT_TRUE(family->FreeSlots(QStringLiteral("BAA5000"), 0).isEmpty());
+}
+
+// Two workstations on one catalogue: what one writes reaches the other's families at the
+// next tick of its store watcher, and a tick with nothing new raises nothing.
+TEST(TwoWorkstations, AnotherWorkstationsCartsAndFamiliesArriveAtTheNextWatcherTick)
+{
+    TempStation station;
+    const auto here = EmbeddedKernel::Open(station.Folder(), nullptr);
+    const auto there = EmbeddedKernel::Open(station.Folder(), nullptr);
+    const auto jingles = here->Families()->Item(QStringLiteral("JIN"));
+    const int before = jingles->Count();
+    QSignalSpy contents(jingles.get(), &iFamily::ChangedContents);
+    QSignalSpy list(here->Families().get(), &iFamilies::Changed);
+
+    here->Watcher().Tick();
+    EXPECT_EQ(contents.count(), 0);
+
+    const auto cart = there->Carts()->NewCart();
+    cart->SetID(QStringLiteral("JIN0500"));
+    cart->SetType(CartType::Separator);
+    cart->SetDescription(QStringLiteral("Written in the other studio"));
+    cart->Save();
+    here->Watcher().Tick();
+    EXPECT_EQ(contents.count(), 1);
+    EXPECT_EQ(jingles->Count(), before + 1);
+    here->Watcher().Tick();
+    EXPECT_EQ(contents.count(), 1) << "nothing new since";
+    EXPECT_EQ(list.count(), 0);
+
+    there->Families()->Add(QStringLiteral("ZZZ"), QStringLiteral("The other studio's family"));
+    here->Watcher().Tick();
+    EXPECT_EQ(list.count(), 1);
+    EXPECT_TRUE(here->Families()->Exists(QStringLiteral("ZZZ")));
 }
