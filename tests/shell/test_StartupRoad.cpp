@@ -23,9 +23,10 @@ TEST_F(StartupRoad, ReachesTheMenuWithOnlyLoginEnabled)
     EXPECT_TRUE(dialogs->boxes.isEmpty());
     ASSERT_TRUE(InitForm::Instance()->isVisible());
     ASSERT_NE(Menu(), nullptr);
-    EXPECT_EQ(Menu()->ButtonCount(), 6);
+    EXPECT_EQ(Menu()->ButtonCount(), 8);
     EXPECT_TRUE(MenuButton(QStringLiteral("Login"))->isEnabled());
     EXPECT_FALSE(MenuButton(QStringLiteral("Configuration"))->isEnabled());
+    EXPECT_FALSE(MenuButton(QStringLiteral("On air"))->isEnabled());
     EXPECT_FALSE(MenuButton(QStringLiteral("Exit"))->isEnabled());
 
     auto* user = InitForm::Instance()->findChild<IFUserInfo*>(QStringLiteral("IFUserInfo1"));
