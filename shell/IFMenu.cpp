@@ -66,7 +66,8 @@ void IFMenu::LoadControls()
                 KeepUntranslated(button);
                 button->setEnabled(false);
                 ElaColumn[c - 1]->Place(button, QRectF(c * 100, r * 100, 92, 80));
-                button->show();
+                // A place of the grid without an entry stays empty.
+                button->setVisible(!button->text().isEmpty());
                 connect(button, &QPushButton::clicked, this, [this, k] { CmdMenu_Click(k); });
                 m_buttons.append(button);
                 ++k;

@@ -52,7 +52,7 @@ QString StationFiles::StationIniText()
                "[Menu_5]\n"
                "Action=OpenForm\n"
                "Form=FrmChangePassword\n"
-               "Caption=Change password\n"
+               "Caption=Password\n"
                "\n"
                "[Menu_6]\n"
                "Action=Logout\n"
