@@ -12,4 +12,5 @@ struct BrowserRow
     QString sub1;  // a cart's time, a family's description
     QString sub2;  // a cart's description
     qint32 ms = 0; // a cart's time in ms, for adding up and sorting
+    bool heading = false; // a separator's own row, drawn in bold
 };

@@ -1,5 +1,6 @@
 #include "browse/BrowserRowModel.h"
 #include "browse/BrowserIcons.h"
+#include <QFont>
 #include <algorithm>
 
 BrowserRowModel::BrowserRowModel(const QStringList& headers, QObject* parent)
@@ -42,6 +43,11 @@ QVariant BrowserRowModel::data(const QModelIndex& index, int role) const
         return BrowserIcons::Icon(Row(index.row()).icon);
     if (role == Qt::TextAlignmentRole && index.column() == 1 && m_headers.size() > 2)
         return int(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::FontRole && Row(index.row()).heading) {
+        QFont bold;
+        bold.setBold(true);
+        return bold;
+    }
     return {};
 }
 
@@ -129,6 +135,8 @@ void BrowserRowModel::Replace(int row, BrowserRow&& value)
 
 void BrowserRowModel::SetIcon(int row, const QString& icon)
 {
+    if (m_rows[size_t(row)].icon == icon)
+        return;
     m_rows[size_t(row)].icon = icon;
     Q_EMIT dataChanged(index(row, 0), index(row, 0), {Qt::DecorationRole});
 }

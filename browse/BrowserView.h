@@ -1,4 +1,5 @@
 #pragma once
+#include <QColor>
 #include <QTreeView>
 
 class BrowserRowModel;
@@ -11,4 +12,11 @@ class BrowserView : public QTreeView
     Q_OBJECT
 public:
     BrowserView(BrowserRowModel* rows, QWidget* parent = nullptr);
+
+    QColor BackColor() const { return m_backColor; }
+    // The ground of the rows; alternate rows are a shade darker, text stays black.
+    void SetBackColor(const QColor& color);
+
+private:
+    QColor m_backColor;
 };

@@ -75,6 +75,7 @@ void Append(std::vector<BrowserRow>& rows, const iCart* cart)
     if (type == CartType::Separator) {
         rows.push_back(Around(id, Points()));
         row.sub2 = cart->Title();
+        row.heading = true;
         rows.push_back(std::move(row));
         rows.push_back(Around(id, QString()));
         return;

@@ -82,6 +82,9 @@ IFBrowserCart::IFBrowserCart(QWidget* parent)
                                                    Tr(QStringLiteral("Description")), Tr(QStringLiteral("Time in ms"))}, this))
 {
     setObjectName(QStringLiteral("IFBrowserCart"));
+    setStyleSheet(QStringLiteral("QLabel#LblTitle { font-size: 12pt; font-weight: bold; color: rgb(255, 190, 80); }"
+                                 "QLabel#LblQty { color: rgb(150, 165, 190); font-weight: bold; }"
+                                 "QLabel#LblCursorTime { color: rgb(150, 165, 190); }"));
     Guarded(Object, QStringLiteral("UserControl_Initialize"), [this](Step& step) {
         step(QStringLiteral("Translate the control"));
         BuildControls();
@@ -105,9 +108,7 @@ void IFBrowserCart::BuildControls()
 
     auto* header = new QHBoxLayout;
     LblTitle = Label(QStringLiteral("LblTitle"), this);
-    LblTitle->setProperty("role", QStringLiteral("browserTitle"));
     LblQty = Label(QStringLiteral("LblQty"), this);
-    LblQty->setProperty("role", QStringLiteral("browserCount"));
     header->addWidget(LblTitle, 1);
     header->addWidget(LblQty);
     layout->addLayout(header);
@@ -126,7 +127,7 @@ void IFBrowserCart::BuildControls()
 
     ListView1 = new BrowserView(m_rows, this);
     ListView1->setObjectName(QStringLiteral("ListView1"));
-    ListView1->header()->resizeSection(0, 86);
+    ListView1->header()->resizeSection(0, 100);
     ListView1->header()->resizeSection(1, 72);
     ListView1->header()->resizeSection(2, 260);
     ListView1->setColumnHidden(3, true);
@@ -162,7 +163,13 @@ void IFBrowserCart::BuildControls()
     macroButtons->addWidget(CmdNew);
     ElaDiscControls->hide();
     CmdEject = ToolButton(QStringLiteral("CmdEject"), QStringLiteral("Eject"), this);
+    auto* totalCaption = Label(QStringLiteral("LblTotalCaption"), this);
+    totalCaption->setText(Tr(QStringLiteral("Total")));
+    totalCaption->setProperty("role", QStringLiteral("caption"));
+    LblCursorTime->setToolTip(Tr(QStringLiteral("Time before the selected row")));
+    footer->addWidget(totalCaption);
     footer->addWidget(LblTotalTime);
+    footer->addSpacing(12);
     footer->addWidget(LblCursorTime);
     footer->addStretch(1);
     footer->addWidget(ElaDiscControls);
@@ -192,7 +199,7 @@ void IFBrowserCart::BuildControls()
         ArrowPop();
         m_rows->sort(column);
     });
-    connect(ListView1->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &IFBrowserCart::PerformSelection);
+    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &IFBrowserCart::PerformSelection);
     connect(ListView1, &QTreeView::clicked, this, [this](const QModelIndex& index) {
         Q_EMIT ItemClicked(m_rows->Row(index.row()).key);
     });
@@ -261,13 +268,7 @@ IFBrowserCart* IFBrowserCart::SelectedBrother()
 
 void IFBrowserCart::SetListColor(const QColor& color)
 {
-    QPalette palette = ListView1->palette();
-    if (palette.color(QPalette::Base) == color)
-        return;
-    palette.setColor(QPalette::Base, color);
-    palette.setColor(QPalette::AlternateBase, color.darker(106));
-    palette.setColor(QPalette::Text, Qt::black);
-    ListView1->setPalette(palette);
+    ListView1->SetBackColor(color);
 }
 
 // Rows and selection
@@ -478,28 +479,41 @@ void IFBrowserCart::EndFilling()
     m_signalArrowsVisible = true;
 }
 
-// The carts in slot order, a hundred at a time: each batch is one insertion into the list,
-// then the progress moves and the event loop runs, where Stop, another load or an eject
-// may end the fill.
+// The carts in slot order, a hundred at a time: after each hundred the progress moves and the
+// event loop runs, where Stop, another load or an eject may end the fill. Rows reach the list
+// with the first hundred and then at most every ShowRowsEveryMs, in one insertion each: every
+// insertion repaints the list, which costs more than reading a hundred carts.
 void IFBrowserCart::FillRows(iFamily& family)
 {
+    // The panel shows before the family's rows are read, and the read has the loop to itself.
+    Yield();
+    if (m_stop)
+        return;
     const int count = family.Count();
-    std::vector<BrowserRow> batch;
-    batch.reserve(RowsPerBatch + 2);
+    Yield();
+    if (m_stop)
+        return;
+    std::vector<BrowserRow> pending;
+    QElapsedTimer sinceShown;
     for (int index = 1; index <= count; ++index) {
         const std::shared_ptr<iCart> cart = family.Item(index);
         if (Available(*cart))
-            CartRows::Append(batch, cart.get());
-        if (index % RowsPerBatch == 0) {
-            m_rows->Append(std::move(batch));
-            SetListColor(ListFilling);
-            ProgressBar1->SetPercent(float(index) * 100 / float(count));
-            Yield();
-            if (m_stop)
-                return;
+            CartRows::Append(pending, cart.get());
+        if (index % RowsPerBatch != 0)
+            continue;
+        if (!sinceShown.isValid() || sinceShown.elapsed() >= ShowRowsEveryMs) {
+            m_rows->Append(std::move(pending));
+            sinceShown.start();
         }
+        SetListColor(ListFilling);
+        ProgressBar1->SetPercent(float(index) * 100 / float(count));
+        Yield();
+        if (m_stop)
+            break;
     }
-    m_rows->Append(std::move(batch));
+    // Stopped or done, what was read stays; an eject meanwhile took the family and its rows.
+    if (m_family.get() == &family)
+        m_rows->Append(std::move(pending));
 }
 
 void IFBrowserCart::Family_ChangedContents()

@@ -1,4 +1,5 @@
 #pragma once
+#include "browse/BrowserView.h"
 #include "browse/CSignalArrow.h"
 #include <QMap>
 #include <QPointer>
@@ -15,7 +16,6 @@ class QMouseEvent;
 class QPushButton;
 class QTimer;
 class QToolButton;
-class QTreeView;
 class UCProgressBar;
 class iCart;
 class iFamily;
@@ -32,6 +32,7 @@ class IFBrowserCart : public QWidget
 public:
     enum Modes { NothingLoaded = 0, FamilyMode = 1, MacroMode = 2 };
     static constexpr int RowsPerBatch = 100;
+    static constexpr int ShowRowsEveryMs = 50;
 
     explicit IFBrowserCart(QWidget* parent = nullptr);
     ~IFBrowserCart() override;
@@ -117,7 +118,7 @@ public:
     QToolButton* CmdSelected;
     QToolButton* CmdNew;
     QToolButton* CmdEject;
-    QTreeView* ListView1;
+    BrowserView* ListView1;
     QWidget* PicLoading;
     UCProgressBar* ProgressBar1;
     QPushButton* CmdStop;

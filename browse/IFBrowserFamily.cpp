@@ -83,12 +83,7 @@ void IFBrowserFamily::BuildControls()
 
     ListView1 = new BrowserView(m_rows, this);
     ListView1->setObjectName(QStringLiteral("ListView1"));
-    ListView1->header()->resizeSection(0, 70);
-    QPalette palette = ListView1->palette();
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::AlternateBase, QColor(240, 242, 246));
-    palette.setColor(QPalette::Text, Qt::black);
-    ListView1->setPalette(palette);
+    ListView1->header()->resizeSection(0, 76);
     layout->addWidget(ListView1, 1);
 
     Timer1 = new QTimer(this);
@@ -104,7 +99,7 @@ void IFBrowserFamily::BuildControls()
     connect(Command1, &QToolButton::clicked, this, &IFBrowserFamily::OnSearch);
     connect(Text1, &QLineEdit::returnPressed, this, &IFBrowserFamily::OnSearch);
     connect(ListView1->header(), &QHeaderView::sectionClicked, this, [this](int column) { m_rows->sort(column); });
-    connect(ListView1->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &IFBrowserFamily::PerformSelection);
+    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &IFBrowserFamily::PerformSelection);
     connect(ListView1, &QTreeView::doubleClicked, this, [this] {
         Guarded(Object, QStringLiteral("ListView1_DblClick"), [this] {
             if (std::shared_ptr<iFamily> family = SelectedFamily())
@@ -249,13 +244,15 @@ void IFBrowserFamily::Component_DragDrop(const std::shared_ptr<CComponent>&)
 bool IFBrowserFamily::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == ListView1->viewport()) {
-        auto* mouse = static_cast<QMouseEvent*>(event);
-        if (event->type() == QEvent::MouseButtonPress)
-            OnMouse(mouse, CDrag::MouseDown);
-        else if (event->type() == QEvent::MouseMove) {
+        if (event->type() == QEvent::MouseButtonPress) {
+            OnMouse(static_cast<QMouseEvent*>(event), CDrag::MouseDown);
+        } else if (event->type() == QEvent::MouseMove) {
+            auto* mouse = static_cast<QMouseEvent*>(event);
             OnMouse(mouse, CDrag::MouseMove);
+            // A held button drags the family: the list must not move its selection meanwhile.
             return mouse->buttons() != Qt::NoButton;
         } else if (event->type() == QEvent::MouseButtonRelease) {
+            auto* mouse = static_cast<QMouseEvent*>(event);
             OnMouse(mouse, CDrag::MouseUp);
             if (mouse->button() == Qt::RightButton)
                 ShowMenu(mouse->globalPosition().toPoint());

@@ -24,4 +24,9 @@ QString Demo()
 {
     return Make(QStringLiteral("demo"), 0);
 }
+
+QString Catalogue100k()
+{
+    return Make(QStringLiteral("catalogue-100k"), 100000);
+}
 }

@@ -5,4 +5,6 @@
 namespace BenchStation {
 // The demo station as korvane-station creates it.
 QString Demo();
+// The demo station with 100,000 more carts in ten full families (BAA to BAJ).
+QString Catalogue100k();
 }
