@@ -33,6 +33,13 @@ const QString KeyNewFamily = QStringLiteral("IFBrowserFamily.CFamilies.NewFamily
 const QString KeyPopulateAll = QStringLiteral("IFBrowserFamily.CFamilies.Populate");
 const QString KeyCancel = QStringLiteral("Cancel");
 
+// A line of the popup menu, translated; a heading keeps its leading "-" before the translation.
+Dialogs::PopupLine MenuLine(const QString& text, const QString& key = {}, bool enabled = true)
+{
+    const bool heading = text.startsWith(u'-');
+    return {heading ? u'-' + Tr(text.mid(1)) : Tr(text), key, {}, enabled};
+}
+
 bool IsFamilyName(const QString& name)
 {
     return name.size() == 3 && name[0].isLetter() && name[1].isLetter() && name[2].isLetter();
@@ -281,15 +288,13 @@ void IFBrowserFamily::OnMouse(QMouseEvent* event, int notification)
 
 void IFBrowserFamily::ShowMenu(const QPoint& globalPos)
 {
-    const auto line = [](const char* text, const QString& key = {}, bool enabled = true) {
-        return Dialogs::PopupLine{QString::fromLatin1(text).startsWith(u'-') ? u'-' + Tr(QString::fromLatin1(text + 1)) : Tr(QString::fromLatin1(text)),
-                                  key, {}, enabled};
-    };
     const QVector<Dialogs::PopupLine> lines{
-        line("-Family"), line("Edit...", KeyEdit), line("Populate", KeyPopulate),
-        line("-Delete"), line("Are you sure?", {}, false), line("No", KeyCancel), line("Yes", KeyDelete),
-        line("-Families"), line("New family...", KeyNewFamily), line("Populate", KeyPopulateAll),
-        line("-Cancel"), line("Cancel", KeyCancel)};
+        MenuLine(QStringLiteral("-Family")), MenuLine(QStringLiteral("Edit..."), KeyEdit),
+        MenuLine(QStringLiteral("Populate"), KeyPopulate), MenuLine(QStringLiteral("-Delete")),
+        MenuLine(QStringLiteral("Are you sure?"), {}, false), MenuLine(QStringLiteral("No"), KeyCancel),
+        MenuLine(QStringLiteral("Yes"), KeyDelete), MenuLine(QStringLiteral("-Families")),
+        MenuLine(QStringLiteral("New family..."), KeyNewFamily), MenuLine(QStringLiteral("Populate"), KeyPopulateAll),
+        MenuLine(QStringLiteral("-Cancel")), MenuLine(QStringLiteral("Cancel"), KeyCancel)};
     Dispatch(Dialogs::PopupMenu(lines, globalPos));
 }
 
