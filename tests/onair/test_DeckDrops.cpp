@@ -2,6 +2,7 @@
 // dropped by the drag protocol, by ID and from the desktop, the popup menu and the tool tip.
 #include "DeckTest.h"
 #include "kernelapi/iPlayList.h"
+#include "kernelapi/iSound.h"
 #include "kernelapi/iPlayLists.h"
 #include "shell/components/CComponent.h"
 #include <QDropEvent>
@@ -223,4 +224,25 @@ TEST_F(DeckTest, RestingOverTheDeckWithACartLoadedRaisesToolTip)
     Player()->Eject();
     deck.TmrToolTip_Timer();
     EXPECT_EQ(shown, nullptr) << "the cart left before the pointer had rested";
+}
+
+TEST_F(DeckTest, ACartIDOrAnAudioFileDroppedFromTheDesktopPlaysWithoutTouchingTheCatalogue)
+{
+    Deck();
+    QMimeData reference;
+    reference.setText(QStringLiteral("jin0002 Morning show sweeper"));
+    EXPECT_EQ(DropOn(Label("LblTitle"), &reference), Qt::CopyAction);
+    AdvanceMs(10);
+    EXPECT_EQ(Player()->Status(), Playing);
+    EXPECT_EQ(Player()->Cart()->ID(), QStringLiteral("JIN0002"));
+
+    const QString file = Cart(QStringLiteral("MUS0001"))->Sound()->FileName();
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(file), QUrl::fromLocalFile(QStringLiteral("/no/second.wav"))});
+    EXPECT_EQ(DropOn(Label("LblStatus"), &files), Qt::CopyAction);
+    AdvanceMs(10);
+    EXPECT_EQ(Player()->Status(), Playing);
+    EXPECT_TRUE(Player()->Cart()->ID().isEmpty()) << "a cart in memory only";
+    EXPECT_EQ(Player()->Cart()->Description(), QStringLiteral("[From File]"));
+    EXPECT_EQ(Player()->Cart()->Sound()->FileName(), file);
 }
