@@ -12,6 +12,7 @@
 #include "shell/modInterface.h"
 #include "shell/modMain.h"
 #include "support/TempStation.h"
+#include <QApplication>
 #include <QMouseEvent>
 #include <QTest>
 #include <QTreeView>
@@ -54,6 +55,8 @@ protected:
         carts->setGeometry(200, 0, 400, 400);
         target->setGeometry(600, 0, 100, 400);
         window.show();
+        // Above the workstation's own windows, where the pointer finds it.
+        QApplication::setActiveWindow(&window);
     }
     void TearDown() override { window.hide(); }
 
