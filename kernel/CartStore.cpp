@@ -90,8 +90,26 @@ std::optional<CartRecord> CartStore::Read(const QString& id) const
 std::vector<CartRecord> CartStore::ReadFamily(const QString& familyID) const
 {
     // A range of the key finds the family through the index, on either engine.
-    QSqlQuery query = m_db->Query(CartColumns + QStringLiteral("WHERE Cart.ID >= ? AND Cart.ID <= ? ORDER BY Cart.ID"),
+    return Records(m_db->Query(CartColumns + QStringLiteral("WHERE Cart.ID >= ? AND Cart.ID <= ? ORDER BY Cart.ID"),
+                               {CartID::Make(familyID, 0), CartID::Make(familyID, CartID::Slots - 1)}));
+}
+
+std::vector<CartRecord> CartStore::ReadFamilyPage(const QString& familyID, const QString& after, int limit) const
+{
+    return Records(m_db->Query(CartColumns + QStringLiteral("WHERE Cart.ID > ? AND Cart.ID <= ? ORDER BY Cart.ID LIMIT ") +
+                                   QString::number(limit),
+                               {after, CartID::Make(familyID, CartID::Slots - 1)}));
+}
+
+int CartStore::CountFamily(const QString& familyID) const
+{
+    QSqlQuery query = m_db->Query(QStringLiteral("SELECT COUNT(*) FROM Cart WHERE ID >= ? AND ID <= ?"),
                                   {CartID::Make(familyID, 0), CartID::Make(familyID, CartID::Slots - 1)});
+    return query.next() ? query.value(0).toInt() : 0;
+}
+
+std::vector<CartRecord> CartStore::Records(QSqlQuery query)
+{
     std::vector<CartRecord> records;
     while (query.next()) {
         CartRecord record = RecordOf(query);

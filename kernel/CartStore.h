@@ -1,5 +1,6 @@
 #pragma once
 #include "kernel/CartRecord.h"
+#include <QSqlQuery>
 #include <QStringList>
 #include <QVariantList>
 #include <memory>
@@ -25,6 +26,9 @@ public:
     std::optional<CartRecord> Read(const QString& id) const;
     // The carts of a family in slot order, in one query; rows whose ID is no cart ID are left out.
     std::vector<CartRecord> ReadFamily(const QString& familyID) const;
+    // The family's carts after the ID `after` (the family ID itself for the first), at most limit.
+    std::vector<CartRecord> ReadFamilyPage(const QString& familyID, const QString& after, int limit) const;
+    int CountFamily(const QString& familyID) const;
     bool Exists(const QString& id) const;
     // Inserts or updates the Cart row, and drops the Sound or RMacro rows that its type no
     // longer has. True when the row was inserted.
@@ -52,6 +56,8 @@ public:
     void WriteSteps(const QString& macroID, const QStringList& cartIDs);
 
 private:
+    // The rows of a query of CartColumns whose IDs are cart IDs.
+    static std::vector<CartRecord> Records(QSqlQuery query);
     QVariantList SoundRow(const QString& id) const;
 
     std::shared_ptr<Database> m_db;

@@ -57,21 +57,45 @@ FamilyStore::Right Family::RightOf(const QString& userID) const
 
 int Family::Count() const
 {
-    return int(Records().size());
+    if (!m_read) {
+        m_count = m_world->Store().CountFamily(m_row.id);
+        m_read = true;
+    }
+    return m_complete ? int(m_records.size()) : m_count;
 }
 
 std::shared_ptr<iCart> Family::Item(int index) const
 {
-    if (index < 1 || index > Count())
+    if (index >= 1 && index <= Count())
+        ReadUpTo(index);
+    if (index < 1 || index > int(m_records.size()))
         throw KernelError(QStringLiteral("Family %1 has no cart %2 (it has %3)").arg(m_row.id).arg(index).arg(Count()));
-    return m_world->LiveCart(Records()[size_t(index - 1)]);
+    return m_world->LiveCart(m_records[size_t(index - 1)]);
 }
 
 const std::vector<CartRecord>& Family::Records() const
 {
-    if (!m_records)
+    if (!m_complete) {
         m_records = m_world->Store().ReadFamily(m_row.id);
-    return *m_records;
+        m_read = m_complete = true;
+    }
+    return m_records;
+}
+
+void Family::ReadUpTo(int wanted) const
+{
+    while (!m_complete && int(m_records.size()) < wanted) {
+        const QString after = m_records.empty() ? m_row.id : m_records.back().id;
+        std::vector<CartRecord> page = m_world->Store().ReadFamilyPage(m_row.id, after, PageSize);
+        m_complete = int(page.size()) < PageSize;
+        m_records.insert(m_records.end(), std::make_move_iterator(page.begin()), std::make_move_iterator(page.end()));
+    }
+}
+
+void Family::Forget()
+{
+    m_records.clear();
+    m_read = m_complete = false;
 }
 
 QBitArray Family::Occupied() const
@@ -152,31 +176,41 @@ void Family::Refresh()
 
 void Family::Recheck()
 {
-    if (!m_records)
+    if (!m_read)
         return;
     std::vector<CartRecord> stored = m_world->Store().ReadFamily(m_row.id);
-    if (stored == *m_records)
+    if (SameAsStored(stored))
         return;
     m_records = std::move(stored);
+    m_complete = true;
     Q_EMIT ChangedContents();
+}
+
+// What was read (all of it, or a first part and the count) still stands in the store.
+bool Family::SameAsStored(const std::vector<CartRecord>& stored) const
+{
+    if (m_complete)
+        return stored == m_records;
+    return int(stored.size()) == m_count && stored.size() >= m_records.size() &&
+           std::equal(m_records.begin(), m_records.end(), stored.begin());
 }
 
 void Family::ContentsChanged()
 {
-    m_records.reset();
+    Forget();
     Q_EMIT ChangedContents();
 }
 
 void Family::CartChanged(const QString& cartID)
 {
-    if (m_records) {
-        const auto found = std::lower_bound(m_records->begin(), m_records->end(), cartID,
+    if (m_read) {
+        const auto found = std::lower_bound(m_records.begin(), m_records.end(), cartID,
                                             [](const CartRecord& record, const QString& id) { return record.id < id; });
         const std::optional<CartRecord> record = m_world->Store().Read(cartID);
-        if (found != m_records->end() && found->id == cartID && record)
+        if (found != m_records.end() && found->id == cartID && record)
             *found = *record;
-        else
-            m_records.reset();
+        else if (m_complete || found != m_records.end())
+            Forget();
     }
     Q_EMIT SlightlyChangedContents();
 }

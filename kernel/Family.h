@@ -21,6 +21,7 @@ class Family : public iFamily
     Q_OBJECT
 public:
     static constexpr int FreeSlotsWanted = 10;
+    static constexpr int PageSize = 1000;
 
     Family(std::shared_ptr<CartWorld> world, const FamilyStore::Row& row, QObject* parent = nullptr);
 
@@ -51,7 +52,13 @@ public:
     void Clear();
 
 private:
+    // Every cart of the family, read whole.
     const std::vector<CartRecord>& Records() const;
+    // Reads pages of carts until the first `wanted` are there (or the family ends).
+    void ReadUpTo(int wanted) const;
+    // Drops what was read: the next question reads again.
+    void Forget();
+    bool SameAsStored(const std::vector<CartRecord>& stored) const;
     QBitArray Occupied() const;
     FamilyStore::Right RightOf(const QString& userID) const;
     QList<int> Nearest(int number, const QBitArray& occupied) const;
@@ -60,5 +67,11 @@ private:
 
     std::shared_ptr<CartWorld> m_world;
     FamilyStore::Row m_row;
-    mutable std::optional<std::vector<CartRecord>> m_records;
+    // The carts read so far, in ID order. A browser walks a family item by item, so the rows are
+    // read a page at a time and a count is asked for first: no single read of a full family
+    // holds the event loop for long.
+    mutable std::vector<CartRecord> m_records;
+    mutable bool m_read = false;     // the count or some rows were read
+    mutable bool m_complete = false; // m_records holds every cart
+    mutable int m_count = 0;
 };
