@@ -38,3 +38,12 @@ void BrowserView::SetBackColor(const QColor& color)
         " border-right: 1px solid rgb(30, 34, 40); font-weight: bold; }")
                       .arg(color.name(), color.darker(106).name()));
 }
+
+void BrowserView::SelectRow(int row)
+{
+    if (row < 0 || row >= model()->rowCount())
+        return;
+    const QModelIndex index = model()->index(row, 0);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(index);
+}

@@ -16,6 +16,9 @@ public:
     QColor BackColor() const { return m_backColor; }
     // The ground of the rows; alternate rows are a shade darker, text stays black.
     void SetBackColor(const QColor& color);
+    // Makes the row the only selected one and the current one, and scrolls to it; a row out
+    // of range changes nothing.
+    void SelectRow(int row);
 
 private:
     QColor m_backColor;

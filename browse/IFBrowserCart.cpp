@@ -333,15 +333,6 @@ QStringList IFBrowserCart::SelectedKeys() const
     return keys;
 }
 
-void IFBrowserCart::SelectRow(int row)
-{
-    if (row < 0 || row >= m_rows->Count())
-        return;
-    const QModelIndex index = m_rows->index(row, 0);
-    ListView1->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    ListView1->scrollTo(index);
-}
-
 QString IFBrowserCart::SelectedCartID() const
 {
     const int row = SelectedRow();
@@ -350,7 +341,7 @@ QString IFBrowserCart::SelectedCartID() const
 
 void IFBrowserCart::SetSelectedCartID(const QString& cartID)
 {
-    SelectRow(m_rows->Find(cartID));
+    ListView1->SelectRow(m_rows->Find(cartID));
 }
 
 void IFBrowserCart::Reselect(const QStringList& ids)
@@ -658,9 +649,9 @@ void IFBrowserCart::ParseGhost(bool selectGhost, int rowToShow)
         firstGhost = count;
     }
     if (selectGhost)
-        SelectRow(firstGhost);
+        ListView1->SelectRow(firstGhost);
     else if (rowToShow >= 1)
-        SelectRow(std::min(rowToShow, m_rows->Count()) - 1);
+        ListView1->SelectRow(std::min(rowToShow, m_rows->Count()) - 1);
 }
 
 void IFBrowserCart::ParseUnGhost()
@@ -782,7 +773,7 @@ void IFBrowserCart::RefreshTimings()
 void IFBrowserCart::Search(const QString& text, bool idOnly, bool prefixOnly)
 {
     const RowSearch search(text, idOnly, prefixOnly, Globals::ConfigIsYes(QStringLiteral("RelaxedSearch")));
-    SelectRow(search.Next(*m_rows, SelectedRow()));
+    ListView1->SelectRow(search.Next(*m_rows, SelectedRow()));
 }
 
 void IFBrowserCart::OnSearch()

@@ -9,6 +9,7 @@
 #include <optional>
 
 class BrowserRowModel;
+class BrowserView;
 class CComponent;
 class QLabel;
 class QLineEdit;
@@ -167,7 +168,6 @@ private:
     ViewState RememberView() const;
     void RestoreView(const ViewState& view);
     void AddCart(int at, const iCart* cart);
-    void SelectRow(int row);
     int SelectedRow() const;
     QStringList SelectedKeys() const;
     int TopRow() const;

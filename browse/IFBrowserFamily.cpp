@@ -165,7 +165,7 @@ void IFBrowserFamily::Fill()
         if (m_rows->Count() == 0)
             Q_EMIT Empty();
         else if (!kept.isEmpty())
-            SelectRow(m_rows->Find(kept));
+            ListView1->SelectRow(m_rows->Find(kept));
     });
 }
 
@@ -180,15 +180,6 @@ int IFBrowserFamily::SelectedRow() const
     return rows.isEmpty() ? -1 : rows.first().row();
 }
 
-void IFBrowserFamily::SelectRow(int row)
-{
-    if (row < 0 || row >= m_rows->Count())
-        return;
-    const QModelIndex index = m_rows->index(row, 0);
-    ListView1->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    ListView1->scrollTo(index);
-}
-
 QString IFBrowserFamily::SelectedFamilyID() const
 {
     const int row = SelectedRow();
@@ -201,7 +192,7 @@ void IFBrowserFamily::SetSelectedFamilyID(const QString& id)
         const QString family = Globals::Kernel()->Carts()->FamilyIDOf(id).trimmed();
         if (family.isEmpty())
             return;
-        SelectRow(RowSearch(family, true, true, false).Next(*m_rows, SelectedRow()));
+        ListView1->SelectRow(RowSearch(family, true, true, false).Next(*m_rows, SelectedRow()));
     });
 }
 
@@ -234,7 +225,7 @@ void IFBrowserFamily::RaiseClick()
 
 void IFBrowserFamily::Search(const QString& text)
 {
-    SelectRow(RowSearch(text, false, false, Globals::ConfigIsYes(QStringLiteral("RelaxedSearch"))).Next(*m_rows, SelectedRow()));
+    ListView1->SelectRow(RowSearch(text, false, false, Globals::ConfigIsYes(QStringLiteral("RelaxedSearch"))).Next(*m_rows, SelectedRow()));
 }
 
 void IFBrowserFamily::OnSearch()

@@ -3,6 +3,7 @@
 #include <memory>
 
 class BrowserRowModel;
+class BrowserView;
 class CComponent;
 class QCheckBox;
 class QLineEdit;
@@ -49,7 +50,7 @@ public:
     // Opens the popup menu of the list and does what was chosen.
     void ShowMenu(const QPoint& globalPos);
 
-    QTreeView* ListView1;
+    BrowserView* ListView1;
     QLineEdit* Text1;
     QToolButton* Command1;
     QCheckBox* ChkAll;
@@ -67,7 +68,6 @@ protected:
 private:
     void BuildControls();
     void PerformSelection();
-    void SelectRow(int row);
     int SelectedRow() const;
     void OnSearch();
     void OnMouse(QMouseEvent* event, int notification);

@@ -2,6 +2,7 @@
 // search, and the popup menu's family work.
 #include "BrowseTest.h"
 #include "browse/BrowserRowModel.h"
+#include "browse/BrowserView.h"
 #include "browse/FamilyRights.h"
 #include "browse/IFBrowserFamily.h"
 #include "kernelapi/iFamilies.h"
