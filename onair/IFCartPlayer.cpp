@@ -1021,17 +1021,19 @@ bool IFCartPlayer::IsMenuArea(QObject* watched) const
 void IFCartPlayer::PopupMenu(const QPoint& globalPos)
 {
     Guarded(Object, QStringLiteral("PopupMenu"), [&] {
-        const auto item = [](const QString& text, const QString& action, const QVariant& data = {}) {
-            return Dialogs::PopupLine{text, MenuOwner + action, data, true};
+        const auto item = [](const QString& text, const QString& action) {
+            return Dialogs::PopupLine{text, MenuOwner + action, {}, true};
         };
         const auto heading = [](const char* text) {
             return Dialogs::PopupLine{QStringLiteral("-") + Tr(QString::fromLatin1(text)), {}, {}, true};
         };
-        // The Loop line carries its check mark as its data.
         const bool loop = m_player && m_player->Loop();
+        Dialogs::PopupLine loopLine = item(Tr(QStringLiteral("Loop")), QStringLiteral("Loop"));
+        loopLine.checkable = true;
+        loopLine.checked = loop;
         const QVector<Dialogs::PopupLine> lines{
             heading("Cart Player"),
-            item(Tr(QStringLiteral("Loop")), QStringLiteral("Loop"), loop),
+            loopLine,
             item(Tr(QStringLiteral("Set volume to 0 dB")), QStringLiteral("VolumeToZero")),
             item(Tr(QStringLiteral("Set volume to cart default")), QStringLiteral("VolumeToCartDefault")),
             heading("Cart"),

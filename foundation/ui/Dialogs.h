@@ -34,6 +34,9 @@ struct PopupLine
     QString key;
     QVariant data;
     bool enabled = true;
+    // A line that shows a check mark (checked or not); the mark is drawn when checked.
+    bool checkable = false;
+    bool checked = false;
 };
 
 class Handler

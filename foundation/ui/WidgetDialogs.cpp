@@ -69,6 +69,8 @@ QString WidgetDialogs::PopupMenu(const QVector<Dialogs::PopupLine>& lines, const
             QAction* action = menu.addAction(line.text);
             action->setData(line.key);
             action->setEnabled(line.enabled);
+            action->setCheckable(line.checkable);
+            action->setChecked(line.checked);
         }
     }
     QAction* chosen = menu.exec(globalPos);

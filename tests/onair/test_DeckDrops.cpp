@@ -184,12 +184,13 @@ TEST_F(DeckTest, TheMenuOfTheLabelsTogglesLoopAndSetsAndSavesVolumes)
         texts << line.text;
     EXPECT_EQ(texts, QStringList({"-Cart Player", "Loop", "Set volume to 0 dB", "Set volume to cart default", "-Cart",
                                   "Save default volume as -7 dB", "-Cancel", "Cancel"}));
-    EXPECT_EQ(dialogs->menus.first().at(1).data, QVariant(false)) << "Loop unchecked";
+    EXPECT_TRUE(dialogs->menus.first().at(1).checkable);
+    EXPECT_FALSE(dialogs->menus.first().at(1).checked) << "Loop unchecked";
     EXPECT_TRUE(Player()->Loop());
 
     dialogs->popupChoices.push_back(QStringLiteral("IFCartPlayer.SaveDefaultVolume"));
     QTest::mousePress(Label("LblVolume"), Qt::RightButton);
-    EXPECT_EQ(dialogs->menus.last().at(1).data, QVariant(true)) << "Loop checked";
+    EXPECT_TRUE(dialogs->menus.last().at(1).checked) << "Loop checked";
     dialogs->popupChoices.push_back(QStringLiteral("IFCartPlayer.VolumeToZero"));
     QTest::mousePress(Label("LblStatus"), Qt::RightButton);
     EXPECT_EQ(Player()->Volume(), 0);
