@@ -59,6 +59,16 @@ void ServerCatalogue::Drop() const
         db->ExecuteNative(QStringLiteral("DROP SCHEMA IF EXISTS %1 CASCADE").arg(Quoted(schema)));
 }
 
+void ServerCatalogue::Analyze() const
+{
+    const auto db = Database::Open(ServerDatabase());
+    for (const QString& schema : Schemas()) {
+        QSqlQuery tables = db->QueryNative(QStringLiteral("SELECT tablename FROM pg_tables WHERE schemaname = ?"), {schema});
+        while (tables.next())
+            db->ExecuteNative(QStringLiteral("ANALYZE %1.%2").arg(Quoted(schema), Quoted(tables.value(0).toString())));
+    }
+}
+
 void ServerCatalogue::GrantRows(const QString& role) const
 {
     const auto db = Database::Open(ServerDatabase());

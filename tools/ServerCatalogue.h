@@ -29,6 +29,10 @@ public:
     // Gives a role the row rights on every table and sequence of the station's schemas, and
     // on those made in them later.
     void GrantRows(const QString& role) const;
+    // Gathers the planner's statistics, which a bulk load leaves empty until autovacuum comes
+    // round: without them the first family read of a large catalogue scans instead of using
+    // the key (a 10,000-cart family walked in 154 ms instead of 38).
+    void Analyze() const;
 
 private:
     // The same database with the schema public, which every database has.

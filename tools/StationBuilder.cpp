@@ -124,6 +124,7 @@ void StationBuilder::ConnectWorkstation() const
     if (!PostgresLocation::Names(m_options.database))
         return;
     const QString workstation = m_options.workstation.isEmpty() ? m_options.database : m_options.workstation;
+    ServerCatalogue(m_options.database).Analyze();
     if (!m_options.workstation.isEmpty())
         ServerCatalogue(m_options.database).GrantRows(PostgresLocation::Parse(workstation).user);
     WriteIni(QStringLiteral("Data"), QStringLiteral("Path"), workstation, m_folder.KernelIni());

@@ -66,6 +66,7 @@ QList<StationMigration::TableCount> StationMigration::Migrate()
         counts << CopyDatabase(folder, StationDatabases::SoundFile, CatalogueSchema::Catalogue::Sound)
                << CopyDatabase(folder, StationDatabases::UserFile, CatalogueSchema::Catalogue::User)
                << CopyDatabase(folder, StationDatabases::KernelFile, CatalogueSchema::Catalogue::Kernel);
+        catalogue.Analyze();
         const QString workstation = m_workstation.isEmpty() ? m_server : m_workstation;
         if (!m_workstation.isEmpty())
             catalogue.GrantRows(PostgresLocation::Parse(workstation).user);
