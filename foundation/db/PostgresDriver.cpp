@@ -1,5 +1,6 @@
 #include "foundation/db/PostgresDriver.h"
 #include "foundation/db/CatalogueSchema.h"
+#include "foundation/Log.h"
 #include "kernelapi/KernelError.h"
 #include <QSqlQuery>
 #include <map>
@@ -147,7 +148,13 @@ QString PostgresDriver::Describe(const QSqlError& error) const
 
 bool PostgresDriver::Reconnect(Database& db, const QSqlError& error)
 {
-    if (m_reconnecting || !MayBeLostConnection(error) || ConnectionAnswers(db))
+    if (m_reconnecting || !MayBeLostConnection(error))
+        return false;
+    if (!m_nextAttempt.hasExpired())
+        throw KernelError(QStringLiteral("The server of '%1' is away; the next attempt to reach it is in %2 s")
+                              .arg(Location())
+                              .arg((m_nextAttempt.remainingTime() + 999) / 1000));
+    if (ConnectionAnswers(db))
         return false;
     m_reconnecting = true;
     try {
@@ -157,9 +164,11 @@ bool PostgresDriver::Reconnect(Database& db, const QSqlError& error)
         Configure(db, Database::OpenMode::Existing);
     } catch (...) {
         m_reconnecting = false;
+        m_nextAttempt.setRemainingTime(RetryAfterMs);
         throw;
     }
     m_reconnecting = false;
+    LogOk(QStringLiteral("Database"), QStringLiteral("Reconnect"), QStringLiteral("The session with '%1' is open again").arg(Location()));
     return true;
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include <QDeadlineTimer>
 #include "foundation/db/DbDriver.h"
 #include "foundation/db/PostgresLocation.h"
 #include <QStringList>
@@ -27,6 +28,9 @@ public:
     // rows at once get a serialization failure, and Database::Transaction runs the body again.
     QString BeginStatement() const override { return QStringLiteral("BEGIN ISOLATION LEVEL SERIALIZABLE"); }
 
+    // How long accesses fail at once after a failed attempt to open a lost session again.
+    static constexpr int RetryAfterMs = 5000;
+
 private:
     void Connect(QSqlDatabase& connection) const;
     void RequireSchema(Database& db, const QString& schema) const;
@@ -37,4 +41,7 @@ private:
     QStringList m_searchPath;
     bool m_walStamp = false;
     bool m_reconnecting = false;
+    // After a failed attempt to open the session again, accesses fail at once until this
+    // deadline instead of each waiting out the connect timeout on an unreachable host.
+    QDeadlineTimer m_nextAttempt;
 };
