@@ -5,7 +5,9 @@
 #include "foundation/ui/TranslateWidgets.h"
 #include "metering/IFVumeters.h"
 #include "onair/IFCartPlayer.h"
+#include "foundation/ui/Twips.h"
 #include "shell/FormPlacement.h"
+#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -78,6 +80,39 @@ void FrmOnAir::WireControls()
     connect(IFBrowserFamily1, &IFBrowserFamily::IWantTheKeys, this, [this](bool wanted) { m_preventShortCuts = wanted; });
     connect(IFBrowserCart1, &IFBrowserCart::IWantTheKeys, this, [this](bool wanted) { m_preventShortCuts = wanted; });
     connect(CmdExit, &QToolButton::clicked, this, &Form::Unload);
+    // The old-style drag, for a browser set to it: the ID travels by the toolkit's drag and
+    // the drop on a deck reaches the deck's Drop.
+    setAcceptDrops(true);
+    connect(IFBrowserCart1, &IFBrowserCart::OldStyleTryToDrag, this,
+            [this](const QString& cartID) { m_oldStyleDrag.StartDrag(IFBrowserCart1, cartID); });
+    connect(IFBrowserCart1, &IFBrowserCart::OldStyleTryToDragMany, this,
+            [this](const QStringList& cartIDs, const QString& cartID) { m_oldStyleDrag.StartDrag(IFBrowserCart1, cartID, cartIDs); });
+}
+
+void FrmOnAir::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (m_oldStyleDrag.Dragging())
+        event->acceptProposedAction();
+}
+
+void FrmOnAir::dropEvent(QDropEvent* event)
+{
+    Guarded(Object, QStringLiteral("DragDrop"), [&] {
+        IFCartPlayer* deck = DeckAt(event->position().toPoint());
+        if (!m_oldStyleDrag.Dragging() || !deck)
+            return;
+        const QPointF at = deck->mapFrom(this, event->position());
+        deck->Drop(m_oldStyleDrag.CartID(), float(at.x() * Twips::PerPixel), float(at.y() * Twips::PerPixel));
+        event->acceptProposedAction();
+    });
+}
+
+IFCartPlayer* FrmOnAir::DeckAt(const QPoint& at) const
+{
+    for (IFCartPlayer* deck : IFCartPlayer1)
+        if (deck->rect().contains(deck->mapFrom(this, at)))
+            return deck;
+    return nullptr;
 }
 
 void FrmOnAir::Form_Load()

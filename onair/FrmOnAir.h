@@ -1,4 +1,5 @@
 #pragma once
+#include "browse/drag/COldStyleDrag.h"
 #include "shell/Form.h"
 #include <array>
 
@@ -30,9 +31,13 @@ public:
 
     // Set while a browser's text box wants the keys that would otherwise play carts.
     bool PreventShortCuts() const { return m_preventShortCuts; }
+    // The old-style drag of the controls that ask for it.
+    COldStyleDrag& OldStyleDrag() { return m_oldStyleDrag; }
 
 protected:
     void Form_Load() override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void Form_Unload() override;
 
 private:
@@ -40,5 +45,8 @@ private:
     QWidget* BuildDecks();
     void WireControls();
 
+    IFCartPlayer* DeckAt(const QPoint& at) const;
+
     bool m_preventShortCuts = false;
+    COldStyleDrag m_oldStyleDrag;
 };
