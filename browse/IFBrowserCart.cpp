@@ -916,12 +916,11 @@ bool IFBrowserCart::eventFilter(QObject* watched, QEvent* event)
 
 void IFBrowserCart::OnMouse(QMouseEvent* event, int notification)
 {
-    CInterface* ui = modInterface::Interface();
-    if (!ui || m_oldDragDrop)
+    if (m_oldDragDrop)
         return;
     if (notification == CDrag::MouseDown)
         m_component->SetControl(this);
-    ui->Drag().NotifyMouse(m_component, notification, event);
+    modInterface::NotifyDrag(m_component, notification, event);
 }
 
 void IFBrowserCart::SimulateMouseMove(QMouseEvent* event)

@@ -997,15 +997,14 @@ bool IFCartPlayer::HandleMouse(QObject* watched, QMouseEvent* event)
 // is reported only from the body, so that the keys stay plain keys.
 void IFCartPlayer::NotifyDrag(QObject* watched, QMouseEvent* event)
 {
-    CInterface* ui = modInterface::Interface();
-    if (!ui || event->type() == QEvent::MouseButtonDblClick)
+    if (event->type() == QEvent::MouseButtonDblClick)
         return;
     if (event->type() == QEvent::MouseButtonPress) {
         if (watched == this || watched == ElaBackground)
-            ui->Drag().NotifyMouse(m_component, CDrag::MouseDown, event);
+            modInterface::NotifyDrag(m_component, CDrag::MouseDown, event);
         return;
     }
-    ui->Drag().NotifyMouse(m_component, event->type() == QEvent::MouseMove ? CDrag::MouseMove : CDrag::MouseUp, event);
+    modInterface::NotifyDrag(m_component, event->type() == QEvent::MouseMove ? CDrag::MouseMove : CDrag::MouseUp, event);
 }
 
 bool IFCartPlayer::IsToolTipArea(QObject* watched) const

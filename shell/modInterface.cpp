@@ -1,4 +1,5 @@
 #include "shell/modInterface.h"
+#include "browse/drag/CDrag.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Log.h"
 #include "foundation/ui/Dialogs.h"
@@ -37,5 +38,11 @@ void StopInterface()
     }, [](const QString&, const QString&) {
         Dialogs::MessageBox(QStringLiteral("Korvane_Interface.modInterface.StopInterface()"));
     });
+}
+
+void NotifyDrag(const std::shared_ptr<CComponent>& component, qint32 notificationType, const QMouseEvent* event)
+{
+    if (CInterface* ui = Interface())
+        ui->Drag().NotifyMouse(component, notificationType, event);
 }
 }

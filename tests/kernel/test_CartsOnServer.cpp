@@ -39,10 +39,7 @@ void FillCatalogue(Database& db)
 
 std::shared_ptr<EmbeddedKernel> OpenKernel(const QTemporaryDir& dir, const QString& id, const QString& location)
 {
-    const StationFolder folder(dir.path());
-    WriteIni(QStringLiteral("Station"), QStringLiteral("ID"), id, folder.StationIni());
-    WriteIni(QStringLiteral("Data"), QStringLiteral("Path"), location, folder.KernelIni());
-    return EmbeddedKernel::Open(folder, nullptr);
+    return EmbeddedKernel::Open(ServerStationFolder(dir, id, location), nullptr);
 }
 
 QStringList IDsOf(const iFamily& family)

@@ -19,13 +19,6 @@ void FillCatalogue(Database& db)
     db.Execute(QStringLiteral("INSERT INTO Cart (ID, Descripcio, Type) VALUES ('JIN0001', 'Morning jingle', 'S')"));
 }
 
-StationFolder ServerStation(const QTemporaryDir& dir, const QString& id, const QString& location)
-{
-    const StationFolder folder(dir.path());
-    WriteIni(QStringLiteral("Station"), QStringLiteral("ID"), id, folder.StationIni());
-    WriteIni(QStringLiteral("Data"), QStringLiteral("Path"), location, folder.KernelIni());
-    return folder;
-}
 }
 
 TEST(KernelOnServer, TwoStationsShareTheCatalogueOfAServer)
@@ -37,8 +30,8 @@ TEST(KernelOnServer, TwoStationsShareTheCatalogueOfAServer)
     FillCatalogue(*OpenServerKernel(location));
 
     QTemporaryDir firstDir, secondDir;
-    const auto first = EmbeddedKernel::Open(ServerStation(firstDir, QStringLiteral("ONE"), location), nullptr);
-    const auto second = EmbeddedKernel::Open(ServerStation(secondDir, QStringLiteral("TWO"), location), nullptr);
+    const auto first = EmbeddedKernel::Open(ServerStationFolder(firstDir, QStringLiteral("ONE"), location), nullptr);
+    const auto second = EmbeddedKernel::Open(ServerStationFolder(secondDir, QStringLiteral("TWO"), location), nullptr);
     EXPECT_EQ(first->Station()->DatabasePath(), location);
 
     first->SetConfig(QStringLiteral("Shared.Key"), QStringLiteral("seen by both"));

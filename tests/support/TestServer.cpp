@@ -1,10 +1,13 @@
 #include "support/TestServer.h"
+#include "foundation/Ini.h"
 #include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
 #include "foundation/db/PostgresLocation.h"
 #include "kernel/StationDatabases.h"
+#include "kernel/StationFolder.h"
 #include "tools/ServerCatalogue.h"
 #include <QCryptographicHash>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 const char* const NoTestServer =
@@ -53,4 +56,12 @@ std::unique_ptr<Database> OpenServerKernel(const QString& station)
     kernel->Attach(station + QLatin1String(StationDatabases::SoundFile), QStringLiteral("Sound"));
     kernel->Attach(station + QLatin1String(StationDatabases::UserFile), QStringLiteral("User"));
     return kernel;
+}
+
+StationFolder ServerStationFolder(const QTemporaryDir& dir, const QString& id, const QString& location)
+{
+    const StationFolder folder(dir.path());
+    WriteIni(QStringLiteral("Station"), QStringLiteral("ID"), id, folder.StationIni());
+    WriteIni(QStringLiteral("Data"), QStringLiteral("Path"), location, folder.KernelIni());
+    return folder;
 }

@@ -1,8 +1,10 @@
 #pragma once
+#include "kernel/StationFolder.h"
 #include <QString>
 #include <memory>
 
 class Database;
+class QTemporaryDir;
 
 // PostgreSQL for tests. KORVANE_TEST_POSTGRES names a database of a server as a role that may
 // make schemas in it; KORVANE_TEST_POSTGRES_WORKSTATION names the same database as a role
@@ -24,3 +26,6 @@ void CreateServerCatalogue(const QString& station);
 // The station's kernel connection as the kernel opens it: Kernel.MDB with Sound.MDB and
 // User.MDB attached, so that every table is reached unqualified.
 std::unique_ptr<Database> OpenServerKernel(const QString& station);
+// A workstation's station folder in dir, with its own station ID, whose data path is the
+// station on the server.
+StationFolder ServerStationFolder(const QTemporaryDir& dir, const QString& id, const QString& location);
