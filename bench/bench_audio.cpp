@@ -5,14 +5,21 @@
 #include "kernel/audio/CartPlayer.h"
 #include "kernel/audio/Channels.h"
 #include "kernel/audio/NullDevice.h"
+#include "kernel/audio/SoundDecoder.h"
+#include "kernel/audio/StreamMix.h"
+#include "kernel/audio/Voice.h"
 #include "kernelapi/iChannel.h"
 #include "kernelapi/iStream.h"
 #include "kernelapi/iStreams.h"
 #include "support/BenchStation.h"
+#include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QElapsedTimer>
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <thread>
 
 namespace {
 using Clock = std::chrono::steady_clock;
@@ -115,5 +122,65 @@ void CallbackShareOfPeriod(benchmark::State& state)
 }
 }
 
+// A file on a reader that takes 200 ms for every block (a network share in trouble) plays on
+// stream A1 while five other streams play the demo sounds, on the real-time clock of the Null
+// device for three seconds. The figure is how far the refill of a healthy stream's ring ever
+// fell behind its callback: the ring's length less the audio in it at the worst moment.
+void SlowReaderDelaysNoOtherStream(benchmark::State& state)
+{
+    constexpr auto SlowRead = [](const QString& fileName) {
+        if (fileName.endsWith(QLatin1String("#slow")))
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    };
+    AudioSettings settings;
+    const auto channels = std::make_unique<Channels>(settings, KernelLog(), PlayQueue::MacroSource());
+    AudioEngine& engine = channels->Engine();
+    const QStringList sounds = DemoSounds();
+    SoundDecoder::SetReadHook(SlowRead);
+    const double ringMs = 1000.0 * Voice::RingFrames / settings.sampleRate;
+    double worstLagMs = 0;
+    std::uint64_t underruns = 0;
+    for (auto _ : state) {
+        std::vector<std::shared_ptr<CartPlayer>> players;
+        for (int i = 0; i < 6; ++i) {
+            players.push_back(PlayerOf(*channels, i < 3 ? QStringLiteral("A") : QStringLiteral("B"), i % 3 + 1));
+            players.back()->SetLoop(true);
+            // "#slow" is not part of the name libsndfile opens: the slow file is a symbolic link.
+            QString sound = sounds.value(i % sounds.size());
+            if (i == 0) {
+                const QString link = QDir::temp().filePath(QStringLiteral("korvane-bench#slow"));
+                QFile::remove(link);
+                QFile::link(sound, link);
+                sound = link;
+            }
+            players.back()->LoadSource({sound, 0, 0}, QStringLiteral("bench"));
+            players.back()->Play();
+        }
+        QElapsedTimer running;
+        running.start();
+        while (running.elapsed() < 3000) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+            for (int i = 1; i < 6; ++i) {
+                StreamMix& stream = engine.Channel(i < 3 ? 0 : 1).Stream(i % 3);
+                int buffered = 0;
+                for (int v = 0; v < StreamMix::VoiceCount; ++v)
+                    buffered = std::max(buffered, stream.VoiceAt(v).BufferedFrames());
+                if (running.elapsed() > 500) // after the rings first filled
+                    worstLagMs = std::max(worstLagMs, ringMs - 1000.0 * buffered / settings.sampleRate);
+            }
+        }
+        for (int i = 1; i < 6; ++i)
+            underruns += players[static_cast<std::size_t>(i)]->Underruns();
+        for (const auto& player : players)
+            player->Eject();
+        state.SetIterationTime(worstLagMs / 1000.0);
+    }
+    SoundDecoder::SetReadHook(nullptr);
+    state.counters["ring_ms"] = ringMs;
+    state.counters["underruns"] = static_cast<double>(underruns);
+    state.SetLabel("the worst refill lag of a healthy stream; no underrun");
+}
+
 BENCHMARK(PlayToFirstSoundingFrame)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(CallbackShareOfPeriod)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(5000);
+BENCHMARK(SlowReaderDelaysNoOtherStream)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);

@@ -1,8 +1,9 @@
 #include "kernel/audio/AudioEngine.h"
 #include "kernel/audio/ChannelMix.h"
 #include "kernel/audio/DeviceMixer.h"
-#include "kernel/audio/DiskThread.h"
+#include "kernel/audio/DiskWorkers.h"
 #include "kernel/audio/EngineListener.h"
+#include "kernel/audio/Voice.h"
 #include "kernel/audio/NullDevice.h"
 #include "kernel/audio/PortAudioDevice.h"
 #include "kernelapi/KernelError.h"
@@ -18,7 +19,8 @@ const QString Object = QStringLiteral("AudioEngine");
 AudioEngine::AudioEngine(AudioSettings settings, KernelLog log) : m_settings(std::move(settings)), m_log(std::move(log))
 {
     BuildChannels();
-    m_disk = std::make_unique<DiskThread>(Voices());
+    m_voices = FindVoices();
+    m_disk = std::make_unique<DiskWorkers>(m_voices, m_settings.virtualClock ? 0 : DiskWorkerCount);
     for (DeviceSlot& slot : m_slots)
         StartDevice(slot);
     if (m_settings.virtualClock)
@@ -67,7 +69,7 @@ AudioEngine::DeviceSlot& AudioEngine::SlotFor(const QString& device)
     return m_slots.back();
 }
 
-std::vector<Voice*> AudioEngine::Voices() const
+std::vector<Voice*> AudioEngine::FindVoices() const
 {
     std::vector<Voice*> voices;
     for (const auto& channel : m_channels)
@@ -188,16 +190,33 @@ void AudioEngine::Advance(std::int64_t frames)
     }
 }
 
+std::uint64_t AudioEngine::EventsPosted() const
+{
+    std::uint64_t posted = 0;
+    for (Voice* voice : m_voices)
+        posted += voice->Events().Posted();
+    return posted;
+}
+
+std::uint64_t AudioEngine::EventsCollected() const
+{
+    std::uint64_t collected = 0;
+    for (Voice* voice : m_voices)
+        collected += voice->Events().Collected();
+    return collected;
+}
+
 void AudioEngine::Drain()
 {
     if (m_draining)
         return; // a listener let the event loop run: the outer drain goes on afterwards
     const QScopedValueRollback<bool> draining(m_draining, true);
-    EngineEvent event;
-    for (DeviceSlot& slot : m_slots)
-        while (slot.mixer->Events().Pop(event))
-            Dispatch(event);
-    while (m_disk->Events().Pop(event))
+    m_collected.clear();
+    for (Voice* voice : m_voices)
+        voice->Events().Collect(voice->Id(), m_collected);
+    std::sort(m_collected.begin(), m_collected.end(),
+              [](const EngineEvent& a, const EngineEvent& b) { return EventLatches::Before(a.stamp, b.stamp); });
+    for (const EngineEvent& event : m_collected)
         Dispatch(event);
     const std::vector<EngineListener*> listeners = m_listeners;
     for (EngineListener* listener : listeners)

@@ -11,15 +11,15 @@
 class AudioDevice;
 class ChannelMix;
 class DeviceMixer;
-class DiskThread;
+class DiskWorkers;
 class EngineListener;
 class Voice;
 struct EngineEvent;
 
 // The audio engine of the kernel: the channels' mixes, one device and real-time callback for
-// each device named in the settings, and the disk thread. It lives on the UI thread, where a
-// timer drains the engine's lock-free event rings every few ms and hands the events to the
-// listeners (the players). A device that is absent, refuses to start or stops delivering
+// each device named in the settings, and the disk workers. It lives on the UI thread, where a
+// timer collects the voices' events every few ms and hands them to the listeners (the
+// players) in the order they happened. A device that is absent, refuses to start or stops delivering
 // audio is reported in an ERROR line and replaced by the Null device, so that its channels
 // keep playing in real time.
 class AudioEngine : public QObject
@@ -29,6 +29,8 @@ public:
     static constexpr int DrainMs = 10;
     // A device whose callback has not come for this long is taken as gone.
     static constexpr int StallMs = 2000;
+    // Threads that open and decode files on a real-time clock.
+    static constexpr int DiskWorkerCount = 4;
 
     AudioEngine(AudioSettings settings, KernelLog log);
     ~AudioEngine() override;
@@ -46,14 +48,20 @@ public:
     // The listener hears the events of the given voices and every tick.
     void Listen(EngineListener* listener, const std::vector<int>& voices);
     void Unlisten(EngineListener* listener);
-    // Lets the disk thread top the rings up now.
+    // Lets the disk workers open files and top the rings up now.
     void WakeDisk();
+    // On a virtual clock, voices open their files on the calling thread, at once.
+    bool PreparesSynchronously() const { return m_settings.virtualClock; }
+    // Events the voices posted and events handed to listeners; once every thread is quiet, the
+    // difference counts postings about a preparation that a newer one had replaced.
+    std::uint64_t EventsPosted() const;
+    std::uint64_t EventsCollected() const;
 
     // Virtual clock only: fills the rings, runs every device for that many frames, a period
     // at a time, and drains the events after each period, all on the calling thread.
     void Advance(std::int64_t frames);
-    // Hands waiting events to their listeners and ticks every listener; on the real-time
-    // clock also watches the devices. Called by the timer.
+    // Hands the voices' events to their listeners in the order they were posted and ticks
+    // every listener; on the real-time clock also watches the devices. Called by the timer.
     void Drain();
 
 private:
@@ -77,14 +85,16 @@ private:
     void Dispatch(const EngineEvent& event);
     QString ChannelNames(const DeviceSlot& slot) const;
     const DeviceSlot& SlotOf(int channel) const;
-    std::vector<Voice*> Voices() const;
+    std::vector<Voice*> FindVoices() const;
 
     AudioSettings m_settings;
     KernelLog m_log;
     std::vector<std::unique_ptr<ChannelMix>> m_channels;
     std::vector<DeviceSlot> m_slots;
     std::vector<int> m_slotOfChannel;
-    std::unique_ptr<DiskThread> m_disk;
+    std::vector<Voice*> m_voices;
+    std::unique_ptr<DiskWorkers> m_disk;
+    std::vector<EngineEvent> m_collected;
     std::vector<EngineListener*> m_listenerOfVoice;
     std::vector<EngineListener*> m_listeners;
     QTimer m_drainTimer;

@@ -3,6 +3,7 @@
 #include "kernel/audio/AudioEngine.h"
 #include "kernel/audio/ChannelMix.h"
 #include "kernel/audio/EngineEvent.h"
+#include "kernel/audio/Voice.h"
 #include "kernelapi/KernelError.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iObjectWithProperties.h"
@@ -30,26 +31,58 @@ template <typename Work> void Safely(const KernelLog& log, const char* procedure
 CartPlayer::CartPlayer(std::shared_ptr<AudioEngine> engine, int channel, int stream,
                        std::shared_ptr<const MacroSource> macros, KernelLog log)
     : m_engine(std::move(engine)), m_channel(channel), m_mix(m_engine->Channel(channel).Stream(stream)),
-      m_macros(std::move(macros)), m_log(std::move(log))
+      m_macros(std::move(macros)), m_log(std::move(log)), m_front(&m_mix.VoiceAt(0))
 {
-    m_engine->Listen(this, {m_mix.VoiceAt(0).Id(), m_mix.VoiceAt(1).Id()});
+    std::vector<int> voices;
+    for (int i = 0; i < StreamMix::VoiceCount; ++i)
+        voices.push_back(m_mix.VoiceAt(i).Id());
+    m_engine->Listen(this, voices);
 }
 
 CartPlayer::~CartPlayer()
 {
     m_engine->Unlisten(this);
-    Front().Halt();
-    Other().Halt();
+    for (int i = 0; i < StreamMix::VoiceCount; ++i)
+        VoiceAt(i).Clear();
 }
 
-Voice& CartPlayer::Front() const
+Voice& CartPlayer::VoiceAt(int index) const
 {
-    return m_mix.VoiceAt(m_front);
+    return m_mix.VoiceAt(index);
 }
 
-Voice& CartPlayer::Other() const
+Voice* CartPlayer::VoiceWithId(int id) const
 {
-    return m_mix.VoiceAt(1 - m_front);
+    for (int i = 0; i < StreamMix::VoiceCount; ++i)
+        if (VoiceAt(i).Id() == id)
+            return &VoiceAt(i);
+    return nullptr;
+}
+
+// A voice that holds no part: a quiet one when there is one, so that it can take a new sound at
+// once; else one still fading out, which takes it when the fade is over.
+Voice& CartPlayer::FreeVoice() const
+{
+    Voice* fading = nullptr;
+    for (int i = 0; i < StreamMix::VoiceCount; ++i) {
+        Voice& voice = VoiceAt(i);
+        if (&voice == m_front || &voice == m_outgoing || &voice == m_next)
+            continue;
+        if (voice.Quiet())
+            return voice;
+        if (!fading)
+            fading = &voice;
+    }
+    return *fading;
+}
+
+// The voice fades out, its file closes, and it holds no part any more.
+void CartPlayer::Retire(Voice*& voice)
+{
+    if (!voice)
+        return;
+    voice->Clear();
+    voice = nullptr;
 }
 
 // --- loading ---
@@ -69,53 +102,62 @@ void CartPlayer::LoadSource(const PlaySource& source, const QString& title)
     LoadQueue(PlayQueue::OfSource(source, title));
 }
 
-// The new queue is prepared on the other voice; what sounds now goes on sounding until the
-// next command, so that Play(chained) can follow it.
+// The new queue goes to a free voice; what sounds now goes on sounding until the next command,
+// so that Play(chained) can follow it. Something loaded before and not played goes.
 void CartPlayer::LoadQueue(PlayQueue queue)
 {
-    PrepareVoice(Other(), queue.Current(), 0);
+    Voice& voice = FreeVoice();
+    const bool ready = PrepareVoice(voice, queue.Current(), 0);
+    Retire(m_next);
     if (Sounding()) {
-        m_otherRole = Role::Outgoing;
+        Retire(m_outgoing);
+        m_outgoing = m_front;
     } else {
-        Front().Halt();
-        m_otherRole = Role::Idle;
+        m_front->Clear();
     }
-    m_front = 1 - m_front;
+    m_front = &voice;
     m_queue = std::move(queue);
     m_cue = 0;
-    ReportTruncated();
     m_volume = CartDefaultVolume();
     ApplyGain();
     SetTitle(m_queue.Current().title);
     Q_EMIT VolumeChanged(m_volume);
+    m_windClockMs = ClockMs() - WindSettleMs;
     PublishTime();
-    SetStatus(CartPlayerStatus::Cued);
+    SetStatus(ready ? CartPlayerStatus::Cued : CartPlayerStatus::Cueing);
+    if (ready)
+        ReportTruncated();
 }
 
-void CartPlayer::PrepareVoice(Voice& voice, const PlayStep& step, int position)
+// Returns whether the voice is ready at once (always on a virtual clock, unless it is still
+// fading out what it played before).
+bool CartPlayer::PrepareVoice(Voice& voice, const PlayStep& step, int position)
 {
     voice.SetLoop(m_loop || step.loop);
     voice.SetGain(Gain());
-    voice.Prepare(step.source, std::max(step.source.startMs, 0) + position);
+    const bool ready = voice.Prepare(step.source, std::max(step.source.startMs, 0) + position, m_engine->PreparesSynchronously());
     m_engine->WakeDisk();
+    return ready;
 }
 
-// Prepares the step at position on the other voice and makes it the front; the old front
-// fades out.
-void CartPlayer::Switch(const PlayStep& step, int position)
+// Prepares the step at position on a quiet voice and makes it the front; the old front fades
+// out. Returns whether the new front is ready.
+bool CartPlayer::Switch(const PlayStep& step, int position)
 {
-    PrepareVoice(Other(), step, position);
-    Front().Halt();
-    m_front = 1 - m_front;
-    m_otherRole = Role::Idle;
+    Voice& voice = m_front->Quiet() ? *m_front : FreeVoice();
+    const bool ready = PrepareVoice(voice, step, position);
+    if (&voice != m_front)
+        m_front->Clear();
+    m_front = &voice;
+    return ready;
 }
 
 void CartPlayer::Eject()
 {
-    Front().Halt();
-    Other().Halt();
+    m_front->Clear();
+    Retire(m_outgoing);
+    Retire(m_next);
     m_queue = PlayQueue();
-    m_otherRole = Role::Idle;
     m_cue = 0;
     SetTitle(QString());
     SetStatus(CartPlayerStatus::Ready);
@@ -136,16 +178,16 @@ void CartPlayer::Play(bool chained, bool, const std::shared_ptr<iStream>& prefer
     case CartPlayerStatus::Sync:
         return;
     case CartPlayerStatus::Paused:
-        Front().Start(false);
+        m_front->Start();
         break;
     default:
-        if (!Front().Prepared())
+        if (!m_front->Ready() && !m_front->Pending())
             Switch(m_queue.Current(), m_cue);
-        if (chained && m_otherRole == Role::Outgoing) {
-            Front().Start(true);
+        if (chained && m_outgoing) {
+            m_front->Start(true, m_outgoing->Index());
         } else {
             StopOutgoing();
-            Front().Start(false);
+            m_front->Start();
         }
     }
     m_queue.Started();
@@ -167,13 +209,13 @@ void CartPlayer::PlayOn(const std::shared_ptr<iStream>& stream, bool chained)
 void CartPlayer::Pause()
 {
     if (Sounding()) {
-        Front().Halt();
+        m_front->Halt();
         StopOutgoing();
         DisarmNext();
         PublishTime();
         SetStatus(CartPlayerStatus::Paused);
     } else if (m_status == CartPlayerStatus::Paused) {
-        Front().Start(false);
+        m_front->Start();
         EnterPlaying();
     }
 }
@@ -206,10 +248,15 @@ void CartPlayer::ToCued(int position)
     RequireLoaded();
     StopOutgoing();
     DisarmNext();
-    Switch(m_queue.Current(), position);
+    const bool ready = Switch(m_queue.Current(), position);
     const bool moved = m_cue != position;
     m_cue = position;
+    m_windClockMs = ClockMs() - WindSettleMs;
     PublishTime();
+    if (!ready) {
+        SetStatus(CartPlayerStatus::Cueing);
+        return;
+    }
     // A cued player whose cue point moved is reported again: what a deck offers (cue or
     // recue) depends on where it is cued.
     if (moved && m_status == CartPlayerStatus::Cued)
@@ -228,7 +275,7 @@ void CartPlayer::Wind(int delta)
     DisarmNext();
     Switch(m_queue.Current(), target);
     if (sounding) {
-        Front().Start(false);
+        m_front->Start();
         EnterPlaying();
     } else if (m_status == CartPlayerStatus::Paused) {
         PublishTime();
@@ -254,18 +301,18 @@ void CartPlayer::StartNextStep(const PlayStep& step, bool sounding)
 {
     StopOutgoing();
     DisarmNext();
-    Switch(step, 0);
+    const bool ready = Switch(step, 0);
     m_queue.Advance();
     m_cue = 0;
+    SetTitle(step.title);
     if (sounding) {
-        Front().Start(false);
+        m_front->Start();
         m_queue.Started();
-        SetTitle(step.title);
         EnterPlaying();
     } else {
-        SetTitle(step.title);
+        m_windClockMs = ClockMs() - WindSettleMs;
         PublishTime();
-        SetStatus(CartPlayerStatus::Cued);
+        SetStatus(ready ? CartPlayerStatus::Cued : CartPlayerStatus::Cueing);
     }
 }
 
@@ -273,42 +320,78 @@ void CartPlayer::StartNextStep(const PlayStep& step, bool sounding)
 
 void CartPlayer::OnEngineEvent(const EngineEvent& event)
 {
-    const bool front = event.voice == Front().Id();
-    const Voice& voice = front ? Front() : Other();
-    if (!Loaded() || event.generation != voice.Generation())
-        return; // about an earlier preparation of the voice, or a cart since ejected
+    Voice* voice = VoiceWithId(event.voice);
+    if (!voice || event.generation != voice->Generation())
+        return; // about an earlier preparation of the voice
     Safely(m_log, "OnEngineEvent", [&] {
         switch (event.kind) {
+        case EngineEvent::Kind::Prepared:
+            OnPrepared(*voice, event.generation);
+            break;
+        case EngineEvent::Kind::PrepareFailed:
+            OnPrepareFailed(*voice, event.generation);
+            break;
         case EngineEvent::Kind::Ended:
-            if (front)
-                StepEnded();
-            else if (m_otherRole == Role::Outgoing)
-                m_otherRole = Role::Idle;
+            OnEnded(*voice);
             break;
         case EngineEvent::Kind::Started:
-            if (!front && m_otherRole == Role::Next)
-                NextStarted();
-            else if (front && m_otherRole == Role::Outgoing)
-                m_otherRole = Role::Idle; // what it was chained behind has ended
+            OnStarted(*voice);
             break;
         case EngineEvent::Kind::ReadFailed:
             m_log.Error(Object, QStringLiteral("Play"),
-                        QStringLiteral("Sound file '%1' stopped giving audio before its end").arg(voice.FileName()));
+                        QStringLiteral("Sound file '%1' stopped giving audio before its end").arg(voice->Info().fileName));
             break;
         }
     });
 }
 
+void CartPlayer::OnPrepared(Voice& voice, std::uint32_t generation)
+{
+    if (!voice.Accept(generation) || &voice != m_front || !Loaded())
+        return;
+    ReportTruncated();
+    PublishTime();
+    SettleCued();
+}
+
+// The front's sound cannot be opened: the player empties. The next step's: it is passed over.
+void CartPlayer::OnPrepareFailed(Voice& voice, std::uint32_t generation)
+{
+    const QString failure = voice.Failure(generation);
+    if (&voice == m_next) {
+        m_log.Error(Object, QStringLiteral("ArmNext"), failure);
+        m_unarmableCart = m_queue.Next() ? m_queue.Next()->cart.get() : nullptr;
+        m_unarmableRow = m_queue.Next() ? m_queue.Next()->row : -1;
+        DisarmNext();
+    } else if (&voice == m_front && Loaded()) {
+        m_log.Error(Object, QStringLiteral("Load"), failure);
+        Eject();
+    }
+}
+
+void CartPlayer::OnEnded(Voice& voice)
+{
+    if (&voice == m_front && Loaded())
+        StepEnded();
+    else if (&voice == m_outgoing)
+        StopOutgoing();
+}
+
+void CartPlayer::OnStarted(Voice& voice)
+{
+    if (&voice == m_next)
+        NextStarted();
+    else if (&voice == m_front)
+        StopOutgoing(); // what it was chained behind has ended
+}
+
 void CartPlayer::OnEngineTick()
 {
     Safely(m_log, "OnEngineTick", [&] {
-        if (m_status == CartPlayerStatus::Cueing && ClockMs() - m_windClockMs >= WindSettleMs) {
-            PublishTime();
-            SetStatus(CartPlayerStatus::Cued);
-        }
+        SettleCued();
         if (!Sounding())
             return;
-        if (m_otherRole == Role::Idle)
+        if (!m_next)
             ArmNext();
         if (FrontPosition() / 100 != m_shownTenth)
             PublishTime();
@@ -316,12 +399,21 @@ void CartPlayer::OnEngineTick()
     });
 }
 
+// A player Cueing becomes Cued once its sound is ready and no winding step came for a while.
+void CartPlayer::SettleCued()
+{
+    if (m_status != CartPlayerStatus::Cueing || !m_front->Ready() || ClockMs() - m_windClockMs < WindSettleMs)
+        return;
+    PublishTime();
+    SetStatus(CartPlayerStatus::Cued);
+}
+
 // The front has played its last frame. A step armed behind it is sounding already (its
 // Started event follows); otherwise the next step is started or cued, passing over steps that
 // cannot be played, and after the last one the player comes to rest.
 void CartPlayer::StepEnded()
 {
-    if (m_otherRole == Role::Next)
+    if (m_next)
         return;
     const bool goesOn = m_queue.GoesOnByItself();
     while (const std::optional<PlayStep> next = m_queue.Next()) {
@@ -338,8 +430,9 @@ void CartPlayer::StepEnded()
 
 void CartPlayer::NextStarted()
 {
-    m_front = 1 - m_front;
-    m_otherRole = Role::Idle;
+    m_front->Clear();
+    m_front = m_next;
+    m_next = nullptr;
     m_queue.Advance();
     m_queue.Started();
     m_cue = 0;
@@ -359,7 +452,7 @@ void CartPlayer::Finish()
 // Silences the player and cues it again at the cue point, Ready for the next Play.
 void CartPlayer::Rest()
 {
-    Front().Halt();
+    m_front->Halt();
     try {
         Switch(m_queue.Current(), m_cue);
     } catch (const KernelError& e) {
@@ -369,9 +462,8 @@ void CartPlayer::Rest()
     SetStatus(CartPlayerStatus::Ready);
 }
 
-// Puts the next step of a macro or chained playlist on the other voice, chained to start on
-// the frame the front ends. Runs from the tick, so that a voice that was just halted has
-// finished its fade before it is used again.
+// Puts the next step of a macro or chained playlist on a free voice, chained to start on the
+// frame the front ends.
 void CartPlayer::ArmNext()
 {
     if (Loops() || !m_queue.GoesOnByItself())
@@ -380,9 +472,10 @@ void CartPlayer::ArmNext()
     if (!next || (next->cart.get() == m_unarmableCart && next->row == m_unarmableRow))
         return;
     try {
-        PrepareVoice(Other(), *next, 0);
-        Other().Start(true);
-        m_otherRole = Role::Next;
+        Voice& voice = FreeVoice();
+        PrepareVoice(voice, *next, 0);
+        voice.Start(true, m_front->Index());
+        m_next = &voice;
         m_unarmableCart = nullptr;
         m_unarmableRow = -1;
     } catch (const KernelError& e) {
@@ -394,18 +487,12 @@ void CartPlayer::ArmNext()
 
 void CartPlayer::DisarmNext()
 {
-    if (m_otherRole != Role::Next)
-        return;
-    Other().Halt();
-    m_otherRole = Role::Idle;
+    Retire(m_next);
 }
 
 void CartPlayer::StopOutgoing()
 {
-    if (m_otherRole != Role::Outgoing)
-        return;
-    Other().Halt();
-    m_otherRole = Role::Idle;
+    Retire(m_outgoing);
 }
 
 // Playing first, also near the end: the tick turns it to Expiring.
@@ -431,8 +518,8 @@ bool CartPlayer::Sounding() const
 CartPlayerStatus CartPlayer::PlayingStatus() const
 {
     const int expiringMs = m_engine->Settings().expiringMs;
-    const bool nearEnd = expiringMs > 0 && Length() - FrontPosition() <= expiringMs;
-    return nearEnd && !Loops() && m_otherRole != Role::Next ? CartPlayerStatus::Expiring : CartPlayerStatus::Playing;
+    const bool nearEnd = expiringMs > 0 && m_front->Ready() && Length() - FrontPosition() <= expiringMs;
+    return nearEnd && !Loops() && !m_next ? CartPlayerStatus::Expiring : CartPlayerStatus::Playing;
 }
 
 bool CartPlayer::Loops() const
@@ -443,19 +530,19 @@ bool CartPlayer::Loops() const
 void CartPlayer::SetLoop(bool loop)
 {
     m_loop = loop;
-    Front().SetLoop(Loops());
+    m_front->SetLoop(Loops());
     if (loop)
         DisarmNext();
 }
 
 int CartPlayer::Length() const
 {
-    return Front().Prepared() ? Front().StopMs() - Front().StartMs() : 0;
+    return m_front->Ready() ? m_front->Info().stopMs - m_front->Info().startMs : 0;
 }
 
 int CartPlayer::FrontPosition() const
 {
-    return Front().Prepared() ? Front().PositionMs() - Front().StartMs() : 0;
+    return m_front->Ready() ? m_front->PositionMs() - m_front->Info().startMs : 0;
 }
 
 // The position the time display is about: where the sound is while it plays or pauses, the
@@ -472,7 +559,10 @@ std::int64_t CartPlayer::ClockMs() const
 
 std::uint64_t CartPlayer::Underruns() const
 {
-    return Front().Underruns() + Other().Underruns();
+    std::uint64_t underruns = 0;
+    for (int i = 0; i < StreamMix::VoiceCount; ++i)
+        underruns += VoiceAt(i).Underruns();
+    return underruns;
 }
 
 // --- volume ---
@@ -492,9 +582,9 @@ float CartPlayer::Gain() const
 // An old cart still sounding after a Load keeps the volume it had.
 void CartPlayer::ApplyGain()
 {
-    Front().SetGain(Gain());
-    if (m_otherRole != Role::Outgoing)
-        Other().SetGain(Gain());
+    m_front->SetGain(Gain());
+    if (m_next)
+        m_next->SetGain(Gain());
 }
 
 qint16 CartPlayer::CartDefaultVolume() const
@@ -558,8 +648,8 @@ void CartPlayer::PublishTime()
 
 void CartPlayer::ReportTruncated() const
 {
-    if (Front().Truncated())
+    if (m_front->Info().truncated)
         m_log.Error(Object, QStringLiteral("Load"),
                     QStringLiteral("Sound file '%1' holds less audio than its header announces: it plays up to where it breaks off")
-                        .arg(Front().FileName()));
+                        .arg(m_front->Info().fileName));
 }

@@ -12,15 +12,21 @@ class Voice;
 
 // The player of one stream. It plays a sound cart between its marks, the sound steps of a
 // macro one into the next without a gap, or the rows of a playlist; positions are ms from the
-// start mark of the sound that plays. Of the stream's two voices the "front" one holds what
-// the status is about; the other fades out what went before, keeps sounding an old cart after
-// a Load until the next command (so that Play(chained) can follow it without a gap), or holds
-// the next step of a macro or chained playlist ready to start on the frame the front ends.
+// start mark of the sound that plays. Of the stream's voices the "front" holds what the status
+// is about; the "outgoing" one keeps sounding an old cart after a Load until the next command
+// (so that Play(chained) can follow it without a gap); the "next" one holds the next step of a
+// macro or chained playlist ready to start on the frame the front ends. Every new sound goes
+// to a voice that is quiet, so that what a command stops always fades out.
+//
+// Files are opened by the engine's disk workers: after Load, Cue, Recue or Position the player
+// is Cueing until its sound is ready, then Cued (at once on a virtual clock); a Play in between
+// sounds as soon as the sound is ready; a file that cannot be opened writes an ERROR line and
+// empties the player.
 //
 // Status: Ready (empty, or at rest after a stop or the end), Cued (Load, Cue, Recue, Position),
-// Cueing (while FastForward or Rewind wind a player at rest; Cued again WindSettleMs after the
-// last step), Playing, Paused, Expiring (playing, not looping, nothing following by itself, and
-// less than the station's ExpiringSeconds left). Sync is never entered: the embedded kernel has
+// Cueing (while the sound is made ready, and while FastForward or Rewind wind a player at
+// rest; Cued again WindSettleMs after the last step), Playing, Paused, Expiring (playing, not
+// looping, nothing following by itself, and less than the station's ExpiringSeconds left). Sync is never entered: the embedded kernel has
 // no source to follow. The cart's default volume is its property "DefaultVolume" (dB), 0 dB
 // when absent; Load applies it.
 class CartPlayer : public iCartPlayer, private EngineListener
@@ -73,20 +79,25 @@ public:
 
     // Loads a stretch of a sound file with no cart behind it (previews, tests).
     void LoadSource(const PlaySource& source, const QString& title);
-    // Callbacks that found the front voice's ring empty while it should sound.
+    // Callbacks that found a voice's ring empty while it should sound.
     std::uint64_t Underruns() const;
 
 private:
-    enum class Role { Idle, Outgoing, Next };
-
     void OnEngineEvent(const EngineEvent& event) override;
     void OnEngineTick() override;
+    void OnPrepared(Voice& voice, std::uint32_t generation);
+    void OnPrepareFailed(Voice& voice, std::uint32_t generation);
+    void OnEnded(Voice& voice);
+    void OnStarted(Voice& voice);
 
-    Voice& Front() const;
-    Voice& Other() const;
+    Voice& VoiceAt(int index) const;
+    Voice* VoiceWithId(int id) const;
+    Voice& FreeVoice() const;
+    void Retire(Voice*& voice);
     void LoadQueue(PlayQueue queue);
-    void PrepareVoice(Voice& voice, const PlayStep& step, int position);
-    void Switch(const PlayStep& step, int position);
+    bool PrepareVoice(Voice& voice, const PlayStep& step, int position);
+    bool Switch(const PlayStep& step, int position);
+    void SettleCued();
     void ToCued(int position);
     void Wind(int delta);
     void StartNextStep(const PlayStep& step, bool sounding);
@@ -125,8 +136,9 @@ private:
     std::weak_ptr<iStream> m_stream;
 
     PlayQueue m_queue;
-    int m_front = 0;
-    Role m_otherRole = Role::Idle;
+    Voice* m_front;
+    Voice* m_outgoing = nullptr;
+    Voice* m_next = nullptr;
     // The next step that could not be armed is not tried again from the tick, so that a
     // broken file costs one ERROR line and one decode, not one every tick.
     const iCart* m_unarmableCart = nullptr;

@@ -8,7 +8,7 @@ ChannelMix::ChannelMix(int streams, bool records, int firstVoiceId, int sampleRa
         m_streams.push_back(std::make_unique<StreamMix>(firstVoiceId + i * StreamMix::VoiceCount, sampleRate, !records));
 }
 
-void ChannelMix::Process(const float* input, int inputChannels, float* output, int frames, EngineEvents& events)
+void ChannelMix::Process(const float* input, int inputChannels, float* output, int frames)
 {
     std::fill_n(m_bus.data(), frames * 2, 0.0f);
     if (m_records) {
@@ -19,7 +19,7 @@ void ChannelMix::Process(const float* input, int inputChannels, float* output, i
         return;
     }
     for (auto& stream : m_streams)
-        stream->Render(m_bus.data(), frames, events);
+        stream->Render(m_bus.data(), frames);
     m_meter.Measure(m_bus.data(), frames);
     for (int i = 0; i < frames * 2; ++i)
         output[i] += m_bus[i];

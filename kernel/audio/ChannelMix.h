@@ -1,5 +1,4 @@
 #pragma once
-#include "kernel/audio/EngineEvent.h"
 #include "kernel/audio/PeakMeter.h"
 #include "kernel/audio/StreamMix.h"
 #include <memory>
@@ -22,7 +21,7 @@ public:
 
     // Audio callback, at most Voice::MaxRenderFrames at a time: a playing channel adds its mix
     // to the stereo output; a recording one measures the input (silence when there is none).
-    void Process(const float* input, int inputChannels, float* output, int frames, EngineEvents& events);
+    void Process(const float* input, int inputChannels, float* output, int frames);
 
 private:
     const bool m_records;

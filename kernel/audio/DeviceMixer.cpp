@@ -1,8 +1,9 @@
 #include "kernel/audio/DeviceMixer.h"
 #include "kernel/audio/ChannelMix.h"
+#include "kernel/audio/OutputGuard.h"
 #include <algorithm>
 
-DeviceMixer::DeviceMixer(std::vector<ChannelMix*> channels) : m_channels(std::move(channels)), m_events(1024)
+DeviceMixer::DeviceMixer(std::vector<ChannelMix*> channels) : m_channels(std::move(channels))
 {
 }
 
@@ -13,13 +14,16 @@ bool DeviceMixer::Records() const
 
 void DeviceMixer::Process(const float* input, int inputChannels, float* output, int frames)
 {
+    const DenormalsAreZero denormals;
     std::fill_n(output, frames * 2, 0.0f);
     for (int done = 0; done < frames;) {
         const int block = std::min(frames - done, Voice::MaxRenderFrames);
         const float* in = input ? input + static_cast<std::ptrdiff_t>(done) * inputChannels : nullptr;
         for (ChannelMix* channel : m_channels)
-            channel->Process(in, inputChannels, output + done * 2, block, m_events);
+            channel->Process(in, inputChannels, output + done * 2, block);
         done += block;
     }
+    if (const int overs = OutputGuard::Clip(output, frames * 2))
+        m_overs.fetch_add(static_cast<std::uint64_t>(overs), std::memory_order_relaxed);
     m_frames.store(m_frames.load(std::memory_order_relaxed) + static_cast<std::uint64_t>(frames), std::memory_order_release);
 }

@@ -1,15 +1,14 @@
 #pragma once
 #include "kernel/audio/AudioCallback.h"
-#include "kernel/audio/EngineEvent.h"
 #include <atomic>
 #include <cstdint>
 #include <vector>
 
 class ChannelMix;
 
-// The real-time callback of one device: it runs every channel that the device carries and
-// sums the playing ones into the output. Events for the UI thread leave through a lock-free
-// ring; the count of frames done is the device's clock.
+// The real-time callback of one device: it runs every channel that the device carries, sums
+// the playing ones into the output and holds the sum within full scale. The count of frames
+// done is the device's clock.
 class DeviceMixer : public AudioCallback
 {
 public:
@@ -18,13 +17,13 @@ public:
     void Process(const float* input, int inputChannels, float* output, int frames) override;
 
     bool Records() const;
-    // UI thread: the events posted by the callback.
-    EngineEvents& Events() { return m_events; }
     // Frames processed since the device started.
     std::uint64_t Frames() const { return m_frames.load(std::memory_order_acquire); }
+    // Output samples that were beyond full scale and had to be held.
+    std::uint64_t Overs() const { return m_overs.load(std::memory_order_relaxed); }
 
 private:
     std::vector<ChannelMix*> m_channels;
-    EngineEvents m_events;
     std::atomic<std::uint64_t> m_frames{0};
+    std::atomic<std::uint64_t> m_overs{0};
 };

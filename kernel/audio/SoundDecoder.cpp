@@ -3,10 +3,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <atomic>
+#include <cmath>
 #include <cstring>
 
 namespace {
 constexpr int BlockFrames = 2048;
+
+std::atomic<SoundDecoder::ReadHook> Hook{nullptr};
 
 // libsndfile notes "(should be N)" in its log when a header announces more audio than the
 // file holds, and then reads what is there.
@@ -24,6 +28,7 @@ SoundDecoder::SoundDecoder(const PlaySource& source, int positionMs, int outputR
 {
     m_truncated = HeaderAnnouncesMore(m_file.get());
     SetMarks(source, positionMs);
+    m_outputPerFileFrame = static_cast<double>(outputRate) / m_info.samplerate;
     if (m_info.samplerate == outputRate)
         return;
     const soxr_io_spec_t io = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
@@ -70,6 +75,11 @@ void SoundDecoder::Seek(sf_count_t frame)
     m_frame = frame;
 }
 
+void SoundDecoder::SetReadHook(ReadHook hook)
+{
+    Hook.store(hook, std::memory_order_release);
+}
+
 int SoundDecoder::Read(float* stereo, int frames, bool loop)
 {
     if (m_finished)
@@ -78,6 +88,39 @@ int SoundDecoder::Read(float* stereo, int frames, bool loop)
     if (made < frames)
         m_finished = true;
     return made;
+}
+
+void SoundDecoder::Resume()
+{
+    if (!m_finished || m_failed)
+        return;
+    if (sf_seek(m_file.get(), m_startFrame, SEEK_SET) < 0) {
+        m_failed = true;
+        return;
+    }
+    m_frame = m_startFrame;
+    NoteWrap();
+    m_finished = false;
+    m_inputEnded = false;
+    m_inputOffset = m_inputCount = 0;
+    if (m_resampler)
+        soxr_clear(m_resampler.get());
+}
+
+void SoundDecoder::NoteWrap()
+{
+    m_wraps.push_back(std::llround(static_cast<double>(m_fileFramesRead) * m_outputPerFileFrame));
+}
+
+bool SoundDecoder::TakeWrap(std::int64_t& outputFrame)
+{
+    if (m_wrapsTaken == m_wraps.size()) {
+        m_wraps.clear();
+        m_wrapsTaken = 0;
+        return false;
+    }
+    outputFrame = m_wraps[m_wrapsTaken++];
+    return true;
 }
 
 int SoundDecoder::Resample(float* stereo, int frames, bool loop)
@@ -118,12 +161,16 @@ int SoundDecoder::Decode(float* stereo, int frames, bool loop)
                 break;
             }
             m_frame = m_startFrame;
+            NoteWrap();
         }
         const int want = static_cast<int>(std::min<sf_count_t>({frames - done, m_stopFrame - m_frame, BlockFrames}));
+        if (const ReadHook hook = Hook.load(std::memory_order_acquire))
+            hook(m_fileName);
         const auto got = static_cast<int>(sf_readf_float(m_file.get(), m_fileFrames.data(), want));
         if (got > 0)
             ToStereo(got, stereo + done * 2);
         m_frame += std::max(got, 0);
+        m_fileFramesRead += std::max(got, 0);
         done += std::max(got, 0);
         if (got < want)
             m_failed = true;
@@ -135,8 +182,10 @@ void SoundDecoder::ToStereo(int frames, float* stereo) const
 {
     const int channels = m_info.channels;
     const float* in = m_fileFrames.data();
+    // A broken file's NaN or infinity would poison the whole mix: it becomes silence.
+    auto finite = [](float sample) { return std::isfinite(sample) ? sample : 0.0f; };
     for (int i = 0; i < frames; ++i, in += channels) {
-        stereo[2 * i] = in[0];
-        stereo[2 * i + 1] = channels > 1 ? in[1] : in[0];
+        stereo[2 * i] = finite(in[0]);
+        stereo[2 * i + 1] = finite(channels > 1 ? in[1] : in[0]);
     }
 }

@@ -57,6 +57,15 @@ public:
 
     bool Pop(T& item) { return Pop(&item, 1) == 1; }
 
+    // Consumer: the oldest item, left in the ring.
+    bool Peek(T& item) const
+    {
+        if (Readable() == 0)
+            return false;
+        item = m_items[m_read.load(std::memory_order_relaxed) & m_mask];
+        return true;
+    }
+
     // Empties the ring; only while neither side touches it.
     void Reset()
     {

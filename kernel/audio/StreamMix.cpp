@@ -7,10 +7,10 @@ StreamMix::StreamMix(int firstVoiceId, int sampleRate, bool playing)
     if (!playing)
         return;
     for (int i = 0; i < VoiceCount; ++i)
-        m_voices[static_cast<std::size_t>(i)] = std::make_unique<Voice>(firstVoiceId + i, sampleRate);
+        m_voices[static_cast<std::size_t>(i)] = std::make_unique<Voice>(firstVoiceId + i, i, sampleRate);
 }
 
-void StreamMix::Render(float* channelBus, int frames, EngineEvents& events)
+void StreamMix::Render(float* channelBus, int frames)
 {
     std::fill_n(m_bus.data(), frames * 2, 0.0f);
     std::array<bool, VoiceCount> entered{};
@@ -19,13 +19,15 @@ void StreamMix::Render(float* channelBus, int frames, EngineEvents& events)
         entered[i] = m_voices[i]->Enter();
     for (int i = 0; i < VoiceCount; ++i)
         if (entered[i] && !m_voices[i]->Waiting())
-            endedAt[i] = m_voices[i]->Render(m_bus.data(), frames, events);
+            endedAt[i] = m_voices[i]->Render(m_bus.data(), frames);
+    // A voice chained behind another starts on the frame where the other ended, so that the
+    // two sound back to back without a gap.
     for (int i = 0; i < VoiceCount; ++i) {
-        const int other = 1 - i;
-        if (!entered[i] || !m_voices[i]->Waiting())
+        if (!entered[i] || !m_voices[i]->Waiting() || !FollowsNow(i, entered, endedAt))
             continue;
-        if (endedAt[other] || !entered[other] || !m_voices[other]->Playing())
-            RenderWaiting(i, endedAt[other], frames, events);
+        const int from = endedAt[m_voices[i]->Behind()].value_or(0);
+        m_voices[i]->Release();
+        endedAt[i] = m_voices[i]->Render(m_bus.data() + from * 2, frames - from);
     }
     for (int i = 0; i < VoiceCount; ++i)
         if (entered[i])
@@ -36,12 +38,12 @@ void StreamMix::Render(float* channelBus, int frames, EngineEvents& events)
         channelBus[i] += m_bus[i];
 }
 
-// A voice chained behind the other starts on the frame where the other ended, so that the
-// two sound back to back without a gap.
-void StreamMix::RenderWaiting(int index, std::optional<int> otherEndedAt, int frames, EngineEvents& events)
+// Whether the voice it waits behind ended in this render, or is not sounding at all.
+bool StreamMix::FollowsNow(int index, const std::array<bool, VoiceCount>& entered,
+                           const std::array<std::optional<int>, VoiceCount>& endedAt) const
 {
-    const int from = otherEndedAt.value_or(0);
-    Voice& voice = *m_voices[index];
-    voice.Release(events);
-    voice.Render(m_bus.data() + from * 2, frames - from, events);
+    const int behind = m_voices[index]->Behind();
+    if (behind < 0 || behind >= VoiceCount || behind == index)
+        return true;
+    return endedAt[behind] || !entered[behind] || !m_voices[behind]->Playing();
 }
