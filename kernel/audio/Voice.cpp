@@ -89,15 +89,13 @@ void Voice::SetLoop(bool loop)
 
 bool Voice::Accept(std::uint32_t generation)
 {
-    if (generation != m_generation || !m_requested)
+    if (generation != m_generation || !m_requested || m_ready)
         return false;
-    if (!m_ready) {
-        std::lock_guard lock(m_mailbox);
-        if (m_resultGeneration != generation || !m_failure.isEmpty())
-            return false;
-        m_info = m_result;
-        m_ready = true;
-    }
+    std::lock_guard lock(m_mailbox);
+    if (m_resultGeneration != generation || !m_failure.isEmpty())
+        return false;
+    m_info = m_result;
+    m_ready = true;
     return true;
 }
 

@@ -68,8 +68,8 @@ public:
     void SetLoop(bool loop);
     // Counts the requests; events carry it so that stale ones can be told apart.
     std::uint32_t Generation() const { return m_generation; }
-    // Takes over what was installed for that generation; true when it is the current one and
-    // the voice is now ready.
+    // Takes over what was installed for that generation, once: true when it is the current
+    // one and the voice became ready by this call.
     bool Accept(std::uint32_t generation);
     // Installed and accepted for the current request.
     bool Ready() const { return m_ready; }

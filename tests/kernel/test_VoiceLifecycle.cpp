@@ -83,7 +83,7 @@ TEST_F(VoiceLifecycleTest, AnEjectedOrReplacedSoundLeavesItsFileClosed)
     player->Eject();
     AdvanceMs(20);
     EXPECT_EQ(OpenHandlesOf(second), 0);
-    EXPECT_EQ(Stream("A")->GetLevels().left, -110.0f);
+    EXPECT_EQ(*std::max_element(Output().begin(), Output().end()), 0.0f);
 }
 
 TEST_F(VoiceLifecycleTest, TheDeviceGetsNothingBeyondFullScaleAndBrokenSamplesHarmNothing)
@@ -110,7 +110,6 @@ TEST_F(VoiceLifecycleTest, TheDeviceGetsNothingBeyondFullScaleAndBrokenSamplesHa
     Player("A", 1)->Play();
     Player("A", 2)->Play();
     AdvanceMs(50);
-    EXPECT_NEAR(Stream("A", 2)->GetLevels().left, -6.0f, 0.1f);
     EXPECT_NEAR(*std::max_element(Output().begin(), Output().end()), 0.5f, 0.01f);
     Player("A", 1)->Eject();
     Player("A", 2)->Eject();
