@@ -2,6 +2,7 @@
 #include "kernel/audio/ChannelMix.h"
 #include "kernelapi/KernelError.h"
 #include <QStringList>
+#include <algorithm>
 
 namespace {
 const QString Object = QStringLiteral("AudioEngine");
@@ -15,6 +16,11 @@ std::vector<ChannelMix*> Mixes(const std::vector<DeviceSlot::Channel>& channels)
     return mixes;
 }
 
+int PeriodMs(const DeviceRequest& request)
+{
+    return (request.periodFrames * 1000 + request.sampleRate - 1) / request.sampleRate;
+}
+
 DeviceFactory NullFactory(NullDevice::Clock clock)
 {
     return [clock](const DeviceRequest& request) -> std::unique_ptr<AudioDevice> {
@@ -25,7 +31,9 @@ DeviceFactory NullFactory(NullDevice::Clock clock)
 
 DeviceSlot::DeviceSlot(DeviceRequest request, std::vector<Channel> channels, DeviceFactory open, NullDevice::Clock clock,
                        KernelLog log)
-    : m_request(std::move(request)), m_alwaysOn(m_request.name == QLatin1String("null")), m_channels(std::move(channels)),
+    : m_request(std::move(request)), m_alwaysOn(m_request.name == QLatin1String("null")),
+      m_quietMs(std::max(QuietMs, 2 * PeriodMs(m_request))), m_stallMs(std::max(StallMs, 4 * PeriodMs(m_request))),
+      m_channels(std::move(channels)),
       m_mixer(Mixes(m_channels)), m_open(m_alwaysOn ? NullFactory(clock) : std::move(open)), m_log(std::move(log)),
       m_standIn(m_request.sampleRate, m_request.periodFrames, m_request.records ? 2 : 0, clock)
 {
@@ -52,7 +60,7 @@ void DeviceSlot::Watch(std::int64_t nowMs)
         Check(nowMs);
     else if (nowMs >= m_retryAtMs)
         TryOpen(nowMs);
-    m_onAir.store(m_device && nowMs - m_lastPeriodMs <= QuietMs, std::memory_order_release);
+    m_onAir.store(m_device && nowMs - m_lastPeriodMs <= m_quietMs, std::memory_order_release);
     ReportUnderruns(nowMs);
 }
 
@@ -79,7 +87,7 @@ void DeviceSlot::TryOpen(std::int64_t nowMs)
     m_offAirLogged = false;
 }
 
-// A device that stopped, or whose periods have not come for StallMs, has gone away.
+// A device that stopped, or whose periods have not come for a long while, has gone away.
 void DeviceSlot::Check(std::int64_t nowMs)
 {
     if (const std::uint64_t frames = m_mixer.Frames(); frames != m_lastFrames) {
@@ -88,8 +96,8 @@ void DeviceSlot::Check(std::int64_t nowMs)
     }
     if (!m_device->Running())
         Lose(QStringLiteral("Device '%1' stopped").arg(Name()), nowMs);
-    else if (nowMs - m_lastPeriodMs > StallMs)
-        Lose(QStringLiteral("Device '%1' has sent no audio for %2 ms").arg(Name()).arg(StallMs), nowMs);
+    else if (nowMs - m_lastPeriodMs > m_stallMs)
+        Lose(QStringLiteral("Device '%1' has sent no audio for %2 ms").arg(Name()).arg(m_stallMs), nowMs);
 }
 
 // The line is written and the channels are off air before the device is closed, which may

@@ -25,8 +25,10 @@ class ChannelMix;
 class DeviceSlot
 {
 public:
-    static constexpr int QuietMs = 250;    // no period for this long: off air
-    static constexpr int StallMs = 2000;   // no period for this long: the device has gone
+    // No period for this long, or two periods if longer: off air.
+    static constexpr int QuietMs = 250;
+    // No period for this long, or four periods if longer: the device has gone.
+    static constexpr int StallMs = 2000;
     static constexpr int RetryMs = 2000;   // a device that is not there is tried this often
     static constexpr int ReportMs = 10000; // the least time between two underrun lines of a channel
 
@@ -51,7 +53,7 @@ public:
     // --- any thread ---
     // The configured device is open and running.
     bool Active() const;
-    // Active, and no period of the device has been missing for more than QuietMs.
+    // Active, and no period of the device has been missing for long (QuietMs).
     bool OnAir() const;
 
     // --- device thread ---
@@ -76,6 +78,8 @@ private:
 
     const DeviceRequest m_request;
     const bool m_alwaysOn;
+    const int m_quietMs;
+    const int m_stallMs;
     std::vector<Channel> m_channels;
     DeviceMixer m_mixer;
     DeviceFactory m_open;

@@ -31,7 +31,10 @@ TEST_F(AudioEngineTest, AChannelOnAJackServerGoesOffAirWithTheServerAndBackOnAir
     EXPECT_TRUE(rec->GetLevels().valid) << "the server's input reaches the recording channel";
 
     jack.Kill();
+    QElapsedTimer gone;
+    gone.start();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !a->Active(); }, 10000));
+    std::cout << "Off air " << gone.elapsed() << " ms after the JACK server ended" << std::endl;
     EXPECT_FALSE(a->ChannelOn());
     EXPECT_FALSE(rec->ChannelOn());
     EXPECT_FALSE(a->GetLevels().valid);
