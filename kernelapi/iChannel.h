@@ -18,12 +18,15 @@ public:
     virtual QString Name() const = 0;
     // 1 for a recording channel; any other value plays.
     virtual qint32 Direction() const = 0;
-    // Whether the channel is configured to be used.
+    // Whether the channel's device is open and running.
     virtual bool Active() const = 0;
-    // Whether the channel is running now.
+    // Whether the channel is on air now: active, and its device keeps taking its audio.
     virtual bool ChannelOn() const = 0;
     // The present levels of the channel's mix.
     virtual AudioLevels GetLevels() const = 0;
+    // Gaps in the channel's audio since the kernel started: the device lost audio, or a
+    // sound was not read in time.
+    virtual qint64 Underruns() const = 0;
     // The streams that run on this channel.
     virtual std::shared_ptr<iStreams> Streams() const = 0;
 };

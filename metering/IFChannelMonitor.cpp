@@ -64,7 +64,8 @@ void IFChannelMonitor::PrintChannel(size_t index)
         const std::shared_ptr<iChannel> channel = kernel->Channels()->Item(key);
         const std::shared_ptr<iStreams> streams = channel->Streams();
         IFBlackBoard1->PrintText(key + QStringLiteral(": ") + BooleanWord(channel->Active()) + QStringLiteral(" - ")
-                                 + QString::number(streams ? streams->Count() : 0));
+                                 + QString::number(streams ? streams->Count() : 0) + QStringLiteral(" - ")
+                                 + QString::number(channel->Underruns()) + QStringLiteral(" underruns"));
     });
 }
 

@@ -6,8 +6,9 @@
 class IFBlackBoard;
 
 // A text monitor of the three known channels for diagnosis: every 500 ms of the shared meter
-// clock it prints, for "A", "B" and "Rec", whether the channel is active and how many streams
-// it has ("A: True - 3"). It starts itself shortly after creation when a kernel is present.
+// clock it prints, for "A", "B" and "Rec", whether the channel's device is open (False while
+// it is lost), how many streams it has and how many underruns it had ("A: True - 3 - 0
+// underruns"). It starts itself shortly after creation when a kernel is present.
 class IFChannelMonitor : public QWidget
 {
     Q_OBJECT

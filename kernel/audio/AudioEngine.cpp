@@ -1,28 +1,26 @@
 #include "kernel/audio/AudioEngine.h"
 #include "kernel/audio/ChannelMix.h"
-#include "kernel/audio/DeviceMixer.h"
+#include "kernel/audio/DeviceHost.h"
+#include "kernel/audio/DeviceOpener.h"
+#include "kernel/audio/DeviceSlot.h"
 #include "kernel/audio/DiskWorkers.h"
 #include "kernel/audio/EngineListener.h"
-#include "kernel/audio/Voice.h"
 #include "kernel/audio/NullDevice.h"
-#include "kernel/audio/PortAudioDevice.h"
+#include "kernel/audio/PeakMeter.h"
+#include "kernel/audio/Voice.h"
 #include "kernelapi/KernelError.h"
 #include <QScopedValueRollback>
 #include <QStringList>
 #include <algorithm>
-#include <thread>
 
-namespace {
-const QString Object = QStringLiteral("AudioEngine");
-}
-
-AudioEngine::AudioEngine(AudioSettings settings, KernelLog log) : m_settings(std::move(settings)), m_log(std::move(log))
+AudioEngine::AudioEngine(AudioSettings settings, KernelLog log, DeviceFactory devices)
+    : m_settings(std::move(settings)), m_log(std::move(log))
 {
     BuildChannels();
+    BuildSlots(devices ? std::move(devices) : DefaultDevices());
     m_voices = FindVoices();
     m_disk = std::make_unique<DiskWorkers>(m_voices, m_settings.virtualClock ? 0 : DiskWorkerCount);
-    for (DeviceSlot& slot : m_slots)
-        StartDevice(slot);
+    StartDevices();
     if (m_settings.virtualClock)
         return;
     m_disk->Start();
@@ -30,10 +28,12 @@ AudioEngine::AudioEngine(AudioSettings settings, KernelLog log) : m_settings(std
     m_drainTimer.start(DrainMs);
 }
 
+// The device thread closes every device before it is joined.
 AudioEngine::~AudioEngine()
 {
-    for (DeviceSlot& slot : m_slots)
-        slot.device->Stop();
+    m_deviceHost.reset();
+    for (auto& slot : m_slots)
+        slot->Stop();
     m_disk.reset();
 }
 
@@ -43,30 +43,69 @@ void AudioEngine::BuildChannels()
     for (const AudioSettings::Channel& settings : m_settings.channels) {
         auto channel = std::make_unique<ChannelMix>(settings.streams, settings.records, voices, m_settings.sampleRate);
         voices += channel->VoiceCount();
-        SlotFor(settings.device).channels.push_back(ChannelCount());
         m_channels.push_back(std::move(channel));
     }
     m_listenerOfVoice.assign(static_cast<std::size_t>(voices), nullptr);
-    m_slotOfChannel.resize(m_channels.size());
-    for (std::size_t i = 0; i < m_slots.size(); ++i) {
-        std::vector<ChannelMix*> mixes;
-        for (int channel : m_slots[i].channels) {
-            mixes.push_back(m_channels[static_cast<std::size_t>(channel)].get());
-            m_slotOfChannel[static_cast<std::size_t>(channel)] = static_cast<int>(i);
-        }
-        m_slots[i].mixer = std::make_unique<DeviceMixer>(std::move(mixes));
-    }
 }
 
 // Channels that name the same device share it (every Null channel shares one Null device).
-AudioEngine::DeviceSlot& AudioEngine::SlotFor(const QString& device)
+void AudioEngine::BuildSlots(DeviceFactory devices)
 {
-    const QString name = AudioSettings::IsNullDevice(device) ? QStringLiteral("null") : device;
-    for (DeviceSlot& slot : m_slots)
-        if (slot.name == name)
-            return slot;
-    m_slots.push_back(DeviceSlot{name, {}, nullptr, nullptr, 0, {}});
-    return m_slots.back();
+    QStringList names;
+    std::vector<std::vector<int>> members;
+    for (int channel = 0; channel < ChannelCount(); ++channel) {
+        const QString& device = m_settings.channels[channel].device;
+        const QString name = AudioSettings::IsNullDevice(device) ? QStringLiteral("null") : device;
+        if (!names.contains(name)) {
+            names << name;
+            members.emplace_back();
+        }
+        members[static_cast<std::size_t>(names.indexOf(name))].push_back(channel);
+    }
+    const auto clock = m_settings.virtualClock ? NullDevice::Clock::Virtual : NullDevice::Clock::RealTime;
+    m_slotOfChannel.resize(m_channels.size());
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        DeviceRequest request{names[static_cast<qsizetype>(i)], m_settings.sampleRate, m_settings.periodFrames, false, false};
+        std::vector<DeviceSlot::Channel> channels;
+        for (int channel : members[i]) {
+            request.plays = request.plays || !Channel(channel).Records();
+            request.records = request.records || Channel(channel).Records();
+            channels.push_back({m_settings.channels[channel].name, &Channel(channel)});
+            m_slotOfChannel[static_cast<std::size_t>(channel)] = static_cast<int>(i);
+        }
+        m_slots.push_back(std::make_unique<DeviceSlot>(request, std::move(channels), devices, clock, m_log));
+    }
+}
+
+// On the virtual clock every device is a Null device that the engine advances.
+DeviceFactory AudioEngine::DefaultDevices() const
+{
+    if (!m_settings.virtualClock)
+        return DeviceOpener();
+    return [](const DeviceRequest& request) -> std::unique_ptr<AudioDevice> {
+        return std::make_unique<NullDevice>(request.sampleRate, request.periodFrames, request.records ? 2 : 0,
+                                            NullDevice::Clock::Virtual);
+    };
+}
+
+// On the real-time clock the devices open on the device thread, without keeping the UI
+// waiting; on the virtual clock at once, on this thread.
+void AudioEngine::StartDevices()
+{
+    if (m_settings.virtualClock) {
+        for (auto& slot : m_slots)
+            slot->Watch(VirtualMs());
+        return;
+    }
+    std::vector<DeviceSlot*> slots;
+    for (auto& slot : m_slots)
+        slots.push_back(slot.get());
+    m_deviceHost = std::make_unique<DeviceHost>(std::move(slots));
+}
+
+std::int64_t AudioEngine::VirtualMs() const
+{
+    return m_virtualFrames * 1000 / m_settings.sampleRate;
 }
 
 std::vector<Voice*> AudioEngine::FindVoices() const
@@ -79,83 +118,44 @@ std::vector<Voice*> AudioEngine::FindVoices() const
     return voices;
 }
 
-void AudioEngine::StartDevice(DeviceSlot& slot)
+DeviceSlot& AudioEngine::SlotOf(int channel) const
 {
-    slot.device = OpenDevice(slot);
-    try {
-        slot.device->Start(slot.mixer.get());
-    } catch (const KernelError& e) {
-        FallBack(slot, e.Description());
-    }
-    slot.quietFor.start();
-}
-
-std::unique_ptr<AudioDevice> AudioEngine::OpenDevice(const DeviceSlot& slot)
-{
-    if (m_settings.virtualClock || slot.name == QLatin1String("null"))
-        return NullFor(slot);
-    const bool plays = std::any_of(slot.channels.begin(), slot.channels.end(),
-                                   [this](int channel) { return !Channel(channel).Records(); });
-    try {
-        return std::make_unique<PortAudioDevice>(slot.name, m_settings.sampleRate, m_settings.periodFrames, plays,
-                                                 slot.mixer->Records());
-    } catch (const KernelError& e) {
-        m_log.Error(Object, QStringLiteral("OpenDevice"),
-                    QStringLiteral("%1; channel %2 runs on the Null device").arg(e.Description(), ChannelNames(slot)));
-        return NullFor(slot);
-    }
-}
-
-std::unique_ptr<AudioDevice> AudioEngine::NullFor(const DeviceSlot& slot) const
-{
-    return std::make_unique<NullDevice>(m_settings.sampleRate, m_settings.periodFrames, slot.mixer->Records() ? 2 : 0,
-                                        m_settings.virtualClock ? NullDevice::Clock::Virtual : NullDevice::Clock::RealTime);
-}
-
-void AudioEngine::FallBack(DeviceSlot& slot, const QString& reason)
-{
-    m_log.Error(Object, QStringLiteral("FallBack"),
-                QStringLiteral("Device '%1': %2; channel %3 runs on the Null device").arg(slot.device->Name(), reason, ChannelNames(slot)));
-    // Closing a device that has gone away can block inside its driver for minutes: it is
-    // detached here and closed on a thread of its own.
-    slot.device->Detach();
-    std::thread([gone = std::move(slot.device)]() mutable { gone.reset(); }).detach();
-    slot.device = NullFor(slot);
-    slot.device->Start(slot.mixer.get());
-    slot.quietFor.start();
-}
-
-QString AudioEngine::ChannelNames(const DeviceSlot& slot) const
-{
-    QStringList names;
-    for (int channel : slot.channels)
-        names << m_settings.channels[channel].name;
-    return names.join(QStringLiteral(", "));
-}
-
-const AudioEngine::DeviceSlot& AudioEngine::SlotOf(int channel) const
-{
-    return m_slots[static_cast<std::size_t>(m_slotOfChannel[static_cast<std::size_t>(channel)])];
-}
-
-AudioDevice& AudioEngine::Device(int channel) const
-{
-    return *SlotOf(channel).device;
+    return *m_slots[static_cast<std::size_t>(m_slotOfChannel[static_cast<std::size_t>(channel)])];
 }
 
 QString AudioEngine::DeviceName(int channel) const
 {
-    return Device(channel).Name();
+    return SlotOf(channel).Name();
+}
+
+bool AudioEngine::Active(int channel) const
+{
+    return SlotOf(channel).Active();
 }
 
 bool AudioEngine::ChannelOn(int channel) const
 {
-    return SlotOf(channel).device->Running();
+    return SlotOf(channel).OnAir();
+}
+
+AudioLevels AudioEngine::Levels(int channel, const PeakMeter& meter) const
+{
+    return ChannelOn(channel) ? meter.Read() : AudioLevels();
+}
+
+std::uint64_t AudioEngine::Underruns(int channel) const
+{
+    return Channel(channel).Underruns();
+}
+
+AudioDevice& AudioEngine::Device(int channel) const
+{
+    return SlotOf(channel).Carrier();
 }
 
 std::int64_t AudioEngine::ClockMs(int channel) const
 {
-    return static_cast<std::int64_t>(SlotOf(channel).mixer->Frames() * 1000 / static_cast<std::uint64_t>(m_settings.sampleRate));
+    return static_cast<std::int64_t>(SlotOf(channel).Mixer().Frames() * 1000 / static_cast<std::uint64_t>(m_settings.sampleRate));
 }
 
 void AudioEngine::Listen(EngineListener* listener, const std::vector<int>& voices)
@@ -183,8 +183,11 @@ void AudioEngine::Advance(std::int64_t frames)
     while (frames > 0) {
         const int period = static_cast<int>(std::min<std::int64_t>(frames, m_settings.periodFrames));
         m_disk->FillAll();
-        for (DeviceSlot& slot : m_slots)
-            static_cast<NullDevice&>(*slot.device).Advance(period);
+        for (auto& slot : m_slots)
+            slot->Advance(period);
+        m_virtualFrames += period;
+        for (auto& slot : m_slots)
+            slot->Watch(VirtualMs());
         Drain();
         frames -= period;
     }
@@ -222,28 +225,10 @@ void AudioEngine::Drain()
     for (EngineListener* listener : listeners)
         if (std::find(m_listeners.begin(), m_listeners.end(), listener) != m_listeners.end())
             listener->OnEngineTick();
-    if (!m_settings.virtualClock)
-        for (DeviceSlot& slot : m_slots)
-            Watch(slot);
 }
 
 void AudioEngine::Dispatch(const EngineEvent& event)
 {
     if (EngineListener* listener = m_listenerOfVoice[static_cast<std::size_t>(event.voice)])
         listener->OnEngineEvent(event);
-}
-
-// A device that stopped, or whose callback has not come for StallMs, has gone away.
-void AudioEngine::Watch(DeviceSlot& slot)
-{
-    if (slot.device->Name() == QLatin1String("null"))
-        return;
-    const std::uint64_t frames = slot.mixer->Frames();
-    if (!slot.device->Running())
-        FallBack(slot, QStringLiteral("the device stopped"));
-    else if (frames != slot.lastFrames)
-        slot.quietFor.start();
-    else if (slot.quietFor.elapsed() > StallMs)
-        FallBack(slot, QStringLiteral("no audio for %1 ms").arg(StallMs));
-    slot.lastFrames = slot.mixer->Frames();
 }

@@ -1,7 +1,8 @@
 #pragma once
 #include "kernel/KernelLog.h"
 #include "kernel/audio/AudioSettings.h"
-#include <QElapsedTimer>
+#include "kernel/audio/DeviceRequest.h"
+#include "kernelapi/AudioLevels.h"
 #include <QObject>
 #include <QTimer>
 #include <cstdint>
@@ -10,38 +11,50 @@
 
 class AudioDevice;
 class ChannelMix;
-class DeviceMixer;
+class DeviceHost;
+class DeviceSlot;
 class DiskWorkers;
 class EngineListener;
+class PeakMeter;
 class Voice;
 struct EngineEvent;
 
-// The audio engine of the kernel: the channels' mixes, one device and real-time callback for
-// each device named in the settings, and the disk workers. It lives on the UI thread, where a
-// timer collects the voices' events every few ms and hands them to the listeners (the
-// players) in the order they happened. A device that is absent, refuses to start or stops delivering
-// audio is reported in an ERROR line and replaced by the Null device, so that its channels
-// keep playing in real time.
+// The audio engine of the kernel: the channels' mixes, one device slot (device and real-time
+// callback) for each device named in the settings, the device thread that opens and watches
+// them, and the disk workers. It lives on the UI thread, where a timer collects the voices'
+// events every few ms and hands them to the listeners (the players) in the order they
+// happened. A
+// channel whose device is absent or goes away is off air while a Null device keeps its time,
+// until the device comes back (see DeviceSlot).
 class AudioEngine : public QObject
 {
     Q_OBJECT
 public:
     static constexpr int DrainMs = 10;
-    // A device whose callback has not come for this long is taken as gone.
-    static constexpr int StallMs = 2000;
     // Threads that open and decode files on a real-time clock.
     static constexpr int DiskWorkerCount = 4;
 
-    AudioEngine(AudioSettings settings, KernelLog log);
+    // devices opens the configured devices (not "null"); by default, on the virtual clock a
+    // Null device each, on the real-time clock JACK clients and PortAudio devices.
+    AudioEngine(AudioSettings settings, KernelLog log, DeviceFactory devices = {});
     ~AudioEngine() override;
 
     const AudioSettings& Settings() const { return m_settings; }
     int ChannelCount() const { return static_cast<int>(m_channels.size()); }
     ChannelMix& Channel(int index) const { return *m_channels[static_cast<std::size_t>(index)]; }
-    // The device a channel runs on now ("null" after a fall back) and whether it runs.
-    AudioDevice& Device(int channel) const;
+    // The device a channel is configured on ("null" for the Null device).
     QString DeviceName(int channel) const;
+    // The channel's device is open and running.
+    bool Active(int channel) const;
+    // Active, and the device's periods keep coming: the channel is on air.
     bool ChannelOn(int channel) const;
+    // What a meter of the channel reads: no signal, and not valid, while it is off air.
+    AudioLevels Levels(int channel, const PeakMeter& meter) const;
+    // Gaps in the channel's audio since the engine started.
+    std::uint64_t Underruns(int channel) const;
+    // Virtual clock only: the device that carries the channel now (a stand-in while its own
+    // is lost).
+    AudioDevice& Device(int channel) const;
     // The clock of a channel's device: ms of audio it has processed.
     std::int64_t ClockMs(int channel) const;
 
@@ -58,40 +71,30 @@ public:
     std::uint64_t EventsCollected() const;
 
     // Virtual clock only: fills the rings, runs every device for that many frames, a period
-    // at a time, and drains the events after each period, all on the calling thread.
+    // at a time, and watches the devices and drains the events after each period, all on the
+    // calling thread.
     void Advance(std::int64_t frames);
     // Hands the voices' events to their listeners in the order they were posted and ticks
-    // every listener; on the real-time clock also watches the devices. Called by the timer.
+    // every listener. Called by the timer.
     void Drain();
 
 private:
-    struct DeviceSlot
-    {
-        QString name;
-        std::vector<int> channels;
-        std::unique_ptr<DeviceMixer> mixer;
-        std::unique_ptr<AudioDevice> device;
-        std::uint64_t lastFrames = 0;
-        QElapsedTimer quietFor;
-    };
-
     void BuildChannels();
-    DeviceSlot& SlotFor(const QString& device);
-    void StartDevice(DeviceSlot& slot);
-    std::unique_ptr<AudioDevice> OpenDevice(const DeviceSlot& slot);
-    std::unique_ptr<AudioDevice> NullFor(const DeviceSlot& slot) const;
-    void FallBack(DeviceSlot& slot, const QString& reason);
-    void Watch(DeviceSlot& slot);
+    void BuildSlots(DeviceFactory devices);
+    DeviceFactory DefaultDevices() const;
+    void StartDevices();
+    std::int64_t VirtualMs() const;
     void Dispatch(const EngineEvent& event);
-    QString ChannelNames(const DeviceSlot& slot) const;
-    const DeviceSlot& SlotOf(int channel) const;
+    DeviceSlot& SlotOf(int channel) const;
     std::vector<Voice*> FindVoices() const;
 
     AudioSettings m_settings;
     KernelLog m_log;
     std::vector<std::unique_ptr<ChannelMix>> m_channels;
-    std::vector<DeviceSlot> m_slots;
+    std::vector<std::unique_ptr<DeviceSlot>> m_slots;
     std::vector<int> m_slotOfChannel;
+    std::unique_ptr<DeviceHost> m_deviceHost;
+    std::int64_t m_virtualFrames = 0;
     std::vector<Voice*> m_voices;
     std::unique_ptr<DiskWorkers> m_disk;
     std::vector<EngineEvent> m_collected;

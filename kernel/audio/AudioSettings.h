@@ -6,7 +6,8 @@ class KernelLog;
 
 // The audio settings of a station's kernel.ini:
 //   [Audio]      SampleRate=48000  PeriodFrames=256  ExpiringSeconds=10  Clock=realtime|virtual
-//   [Channel_A]  Device=<PortAudio device name, "default" or "null">  Streams=3  Direction=play|record
+//   [Channel_A]  Device=<JACK client or PortAudio device name, "default" or "null">  Streams=3
+//                Direction=play|record
 // Channels come in the order of their sections. With no channel section the station has "A"
 // and "B" (three streams each) and "Rec" (recording), all on the Null device. A bad value is
 // reported as an ERROR line and its default used. Clock=virtual puts every channel on a Null

@@ -18,6 +18,11 @@ qint32 Channel::Direction() const
     return m_engine->Channel(m_index).Records() ? 1 : 0;
 }
 
+bool Channel::Active() const
+{
+    return m_engine->Active(m_index);
+}
+
 bool Channel::ChannelOn() const
 {
     return m_engine->ChannelOn(m_index);
@@ -25,9 +30,12 @@ bool Channel::ChannelOn() const
 
 AudioLevels Channel::GetLevels() const
 {
-    AudioLevels levels = m_engine->Channel(m_index).Meter().Read();
-    levels.valid = levels.valid && ChannelOn();
-    return levels;
+    return m_engine->Levels(m_index, m_engine->Channel(m_index).Meter());
+}
+
+qint64 Channel::Underruns() const
+{
+    return static_cast<qint64>(m_engine->Underruns(m_index));
 }
 
 std::shared_ptr<iStreams> Channel::Streams() const

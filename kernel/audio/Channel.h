@@ -15,12 +15,15 @@ public:
     QString Name() const override;
     // 1 records, 0 plays.
     qint32 Direction() const override;
-    // Every configured channel is in use.
-    bool Active() const override { return true; }
+    // The channel's device is open and running.
+    bool Active() const override;
+    // Active, and the device's periods keep coming: the channel is on air.
     bool ChannelOn() const override;
+    // No signal, and not valid, while the channel is off air.
     AudioLevels GetLevels() const override;
+    qint64 Underruns() const override;
     std::shared_ptr<iStreams> Streams() const override;
-    // The device the channel runs on now.
+    // The device the channel is configured on.
     QString DeviceName() const;
 
 private:

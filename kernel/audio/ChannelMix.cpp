@@ -24,3 +24,12 @@ void ChannelMix::Process(const float* input, int inputChannels, float* output, i
     for (int i = 0; i < frames * 2; ++i)
         output[i] += m_bus[i];
 }
+
+std::uint64_t ChannelMix::Underruns() const
+{
+    std::uint64_t count = m_gaps.load(std::memory_order_relaxed);
+    for (const auto& stream : m_streams)
+        for (int v = 0; stream->HasVoices() && v < StreamMix::VoiceCount; ++v)
+            count += stream->VoiceAt(v).Underruns();
+    return count;
+}

@@ -1,6 +1,8 @@
 #pragma once
 #include "kernel/audio/PeakMeter.h"
 #include "kernel/audio/StreamMix.h"
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -22,10 +24,16 @@ public:
     // Audio callback, at most Voice::MaxRenderFrames at a time: a playing channel adds its mix
     // to the stereo output; a recording one measures the input (silence when there is none).
     void Process(const float* input, int inputChannels, float* output, int frames);
+    // Audio callback: the device lost some of the channel's audio.
+    void CountGap() { m_gaps.fetch_add(1, std::memory_order_relaxed); }
+    // Any thread: gaps in the channel's audio so far, those the device reported and the
+    // callbacks in which one of its voices found its ring empty.
+    std::uint64_t Underruns() const;
 
 private:
     const bool m_records;
     std::vector<std::unique_ptr<StreamMix>> m_streams;
     std::vector<float> m_bus;
     PeakMeter m_meter;
+    std::atomic<std::uint64_t> m_gaps{0};
 };

@@ -6,8 +6,8 @@
 #include "kernel/audio/Streams.h"
 #include "kernelapi/KernelError.h"
 
-Channels::Channels(const AudioSettings& settings, const KernelLog& log, PlayQueue::MacroSource macros)
-    : m_engine(std::make_shared<AudioEngine>(settings, log)),
+Channels::Channels(const AudioSettings& settings, const KernelLog& log, PlayQueue::MacroSource macros, DeviceFactory devices)
+    : m_engine(std::make_shared<AudioEngine>(settings, log, std::move(devices))),
       m_macros(std::make_shared<PlayQueue::MacroSource>(std::move(macros)))
 {
     for (int c = 0; c < m_engine->ChannelCount(); ++c) {

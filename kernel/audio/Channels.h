@@ -1,6 +1,7 @@
 #pragma once
 #include "kernel/KernelLog.h"
 #include "kernel/audio/AudioSettings.h"
+#include "kernel/audio/DeviceRequest.h"
 #include "kernel/audio/PlayQueue.h"
 #include "kernelapi/iChannels.h"
 #include <memory>
@@ -14,8 +15,9 @@ class Channels : public iChannels
 {
     Q_OBJECT
 public:
-    // Starts the engine. macros reads a macro by its cart ID for the players.
-    Channels(const AudioSettings& settings, const KernelLog& log, PlayQueue::MacroSource macros);
+    // Starts the engine. macros reads a macro by its cart ID for the players; devices opens the
+    // configured devices in place of the engine's own way (tests).
+    Channels(const AudioSettings& settings, const KernelLog& log, PlayQueue::MacroSource macros, DeviceFactory devices = {});
     ~Channels() override;
 
     int Count() const override { return static_cast<int>(m_channels.size()); }

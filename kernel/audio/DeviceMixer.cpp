@@ -12,6 +12,13 @@ bool DeviceMixer::Records() const
     return std::any_of(m_channels.begin(), m_channels.end(), [](const ChannelMix* channel) { return channel->Records(); });
 }
 
+void DeviceMixer::Gap(bool output, bool input)
+{
+    for (ChannelMix* channel : m_channels)
+        if (channel->Records() ? input : output)
+            channel->CountGap();
+}
+
 void DeviceMixer::Process(const float* input, int inputChannels, float* output, int frames)
 {
     const DenormalsAreZero denormals;

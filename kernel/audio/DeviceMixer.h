@@ -15,6 +15,9 @@ public:
     explicit DeviceMixer(std::vector<ChannelMix*> channels);
 
     void Process(const float* input, int inputChannels, float* output, int frames) override;
+    // Counts the gap on every channel it touched: the playing ones for output, the recording
+    // ones for input.
+    void Gap(bool output, bool input) override;
 
     bool Records() const;
     // Frames processed since the device started.

@@ -23,8 +23,9 @@ public:
     void Detach() override { Stop(); }
     bool Running() const override { return m_running.load(std::memory_order_acquire); }
 
-    // Virtual clock: runs the callback for that many frames, a period at a time.
-    void Advance(long long frames);
+    // Virtual clock: runs the callback for that many frames, a period at a time. A device
+    // that stands for a real one in tests may hold its periods back.
+    virtual void Advance(long long frames);
     // What the last period put out, interleaved stereo.
     const std::vector<float>& Output() const { return m_output; }
 

@@ -1,7 +1,7 @@
 #include "kernel/audio/PortAudioDevice.h"
 #include "kernel/audio/AudioCallback.h"
+#include "kernel/audio/DeviceRequest.h"
 #include "kernelapi/KernelError.h"
-#include <QStringList>
 #include <algorithm>
 #include <thread>
 
@@ -11,15 +11,19 @@ PortAudioDevice::Library::Library()
         throw KernelError(QStringLiteral("PortAudio does not start: %1").arg(Describe(error)));
 }
 
+// PortAudio's JACK support aborts the process when the library is terminated after its JACK
+// server went away. While that support is loaded (a JACK server answered when the library
+// started) the library stays initialised until the process ends.
 PortAudioDevice::Library::~Library()
 {
-    Pa_Terminate();
+    if (Pa_HostApiTypeIdToHostApiIndex(paJACK) < 0)
+        Pa_Terminate();
 }
 
-PortAudioDevice::PortAudioDevice(const QString& name, int sampleRate, int periodFrames, bool plays, bool records)
-    : m_name(name), m_plays(plays), m_silentOutput(static_cast<std::size_t>(periodFrames) * 2)
+PortAudioDevice::PortAudioDevice(const DeviceRequest& request)
+    : m_name(request.name), m_plays(request.plays), m_silentOutput(static_cast<std::size_t>(request.periodFrames) * 2)
 {
-    Open(Find(name), sampleRate, periodFrames, plays, records);
+    Open(request);
 }
 
 PortAudioDevice::~PortAudioDevice()
@@ -34,37 +38,66 @@ QString PortAudioDevice::Describe(PaError error)
     return QString::fromUtf8(Pa_GetErrorText(error));
 }
 
-PaDeviceIndex PortAudioDevice::Find(const QString& name)
+// JACK's clients are passed over: PortAudio cannot close them once their server has gone.
+PortAudioDevice::Listing PortAudioDevice::List()
 {
-    if (name.compare(QLatin1String("default"), Qt::CaseInsensitive) == 0 && Pa_GetDefaultOutputDevice() != paNoDevice)
-        return Pa_GetDefaultOutputDevice();
-    QStringList present;
+    Listing listing;
     for (PaDeviceIndex i = 0; i < Pa_GetDeviceCount(); ++i) {
-        const QString deviceName = QString::fromUtf8(Pa_GetDeviceInfo(i)->name);
-        if (deviceName == name)
-            return i;
-        present << deviceName;
+        const PaDeviceInfo* info = Pa_GetDeviceInfo(i);
+        const bool jack = Pa_GetHostApiInfo(info->hostApi)->type == paJACK;
+        listing.names << (jack ? QString() : QString::fromUtf8(info->name));
     }
+    listing.defaultInput = Pa_GetDefaultInputDevice();
+    listing.defaultOutput = Pa_GetDefaultOutputDevice();
+    return listing;
+}
+
+int PortAudioDevice::Find(const Listing& listing, const QString& name, bool input)
+{
+    if (name.compare(QLatin1String("default"), Qt::CaseInsensitive) == 0) {
+        const int device = input ? listing.defaultInput : listing.defaultOutput;
+        if (device >= 0 && device < listing.names.size() && !listing.names[device].isEmpty())
+            return device;
+    }
+    if (const int device = static_cast<int>(listing.names.indexOf(name)); device >= 0 && !name.isEmpty())
+        return device;
+    QStringList present = listing.names;
+    present.removeAll(QString());
     throw KernelError(QStringLiteral("Device '%1' is absent (present: %2)")
                           .arg(name, present.isEmpty() ? QStringLiteral("none") : present.join(QStringLiteral(", "))));
 }
 
-void PortAudioDevice::Open(PaDeviceIndex device, int sampleRate, int periodFrames, bool plays, bool records)
+const PaDeviceInfo& PortAudioDevice::Check(PaDeviceIndex device, bool input) const
 {
-    const PaDeviceInfo* info = Pa_GetDeviceInfo(device);
-    if (plays && info->maxOutputChannels < 2)
+    const PaDeviceInfo& info = *Pa_GetDeviceInfo(device);
+    if (!input && info.maxOutputChannels < 2)
         throw KernelError(QStringLiteral("Device '%1' has no stereo output").arg(m_name));
-    if (records && info->maxInputChannels < 1)
+    if (input && info.maxInputChannels < 1)
         throw KernelError(QStringLiteral("Device '%1' has no input").arg(m_name));
-    m_inputChannels = records ? std::min(info->maxInputChannels, 2) : 0;
+    return info;
+}
 
-    PaStreamParameters output{device, 2, paFloat32, info->defaultLowOutputLatency, nullptr};
-    PaStreamParameters input{device, m_inputChannels, paFloat32, info->defaultLowInputLatency, nullptr};
-    const PaError error = Pa_OpenStream(&m_stream, records ? &input : nullptr, plays ? &output : nullptr, sampleRate,
-                                        static_cast<unsigned long>(periodFrames), paNoFlag, &PortAudioDevice::OnAudio, this);
+void PortAudioDevice::Open(const DeviceRequest& request)
+{
+    const Listing listing = List();
+    PaStreamParameters output{paNoDevice, 2, paFloat32, 0, nullptr};
+    PaStreamParameters input{paNoDevice, 0, paFloat32, 0, nullptr};
+    if (request.plays) {
+        output.device = Find(listing, m_name, false);
+        output.suggestedLatency = Check(output.device, false).defaultLowOutputLatency;
+    }
+    if (request.records) {
+        input.device = Find(listing, m_name, true);
+        const PaDeviceInfo& info = Check(input.device, true);
+        input.suggestedLatency = info.defaultLowInputLatency;
+        input.channelCount = m_inputChannels = std::min(info.maxInputChannels, 2);
+    }
+    const PaError error = Pa_OpenStream(&m_stream, request.records ? &input : nullptr, request.plays ? &output : nullptr,
+                                        request.sampleRate, static_cast<unsigned long>(request.periodFrames), paNoFlag,
+                                        &PortAudioDevice::OnAudio, this);
     if (error != paNoError) {
         m_stream = nullptr;
-        throw KernelError(QStringLiteral("Device '%1' refuses %2 Hz: %3").arg(m_name).arg(sampleRate).arg(Describe(error)));
+        throw KernelError(QStringLiteral("Device '%1' refuses %2 Hz: %3").arg(m_name).arg(request.sampleRate).arg(Describe(error)));
     }
 }
 
@@ -97,17 +130,22 @@ bool PortAudioDevice::Running() const
 }
 
 int PortAudioDevice::OnAudio(const void* input, void* output, unsigned long frames, const PaStreamCallbackTimeInfo*,
-                             PaStreamCallbackFlags, void* self)
+                             PaStreamCallbackFlags flags, void* self)
 {
     auto* device = static_cast<PortAudioDevice*>(self);
     float* out = device->m_plays ? static_cast<float*>(output) : device->m_silentOutput.data();
     if (!device->m_plays)
         frames = std::min<unsigned long>(frames, device->m_silentOutput.size() / 2);
+    const bool outputGap = (flags & (paOutputUnderflow | paOutputOverflow)) != 0;
+    const bool inputGap = (flags & (paInputUnderflow | paInputOverflow)) != 0;
     device->m_inCallback.store(true, std::memory_order_seq_cst);
-    if (AudioCallback* callback = device->m_callback.load(std::memory_order_seq_cst))
+    if (AudioCallback* callback = device->m_callback.load(std::memory_order_seq_cst)) {
+        if (outputGap || inputGap)
+            callback->Gap(outputGap, inputGap);
         callback->Process(static_cast<const float*>(input), device->m_inputChannels, out, static_cast<int>(frames));
-    else
+    } else {
         std::fill_n(out, frames * 2, 0.0f);
+    }
     device->m_inCallback.store(false, std::memory_order_release);
     return paContinue;
 }

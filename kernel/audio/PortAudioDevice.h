@@ -1,17 +1,32 @@
 #pragma once
 #include "kernel/audio/AudioDevice.h"
+#include <QStringList>
 #include <atomic>
 #include <portaudio.h>
 #include <vector>
 
-// A sound device reached through PortAudio (ALSA, JACK, PulseAudio), found by its name, or
-// "default" for the system's default output. It plays stereo when the device carries playing
-// channels and records up to two channels when it carries a recording one.
+struct DeviceRequest;
+
+// A sound device reached through PortAudio (ALSA, PulseAudio), found by its name, or
+// "default" for the system's default devices: the default output for playing, the default
+// input for recording. It plays stereo when the device carries playing channels and records
+// up to two channels when it carries a recording one. JACK's clients are left to JackDevice.
+// Every call into PortAudio, this object's life included, belongs to the engine's device
+// thread; only the callback runs elsewhere.
 class PortAudioDevice : public AudioDevice
 {
 public:
+    // The devices PortAudio lists, as the search by name sees them: a name per device index,
+    // empty for one that is passed over, and the indices of the defaults (-1 for none).
+    struct Listing
+    {
+        QStringList names;
+        int defaultInput = -1;
+        int defaultOutput = -1;
+    };
+
     // Opens the device. Throws KernelError when it is absent or refuses the format.
-    PortAudioDevice(const QString& name, int sampleRate, int periodFrames, bool plays, bool records);
+    explicit PortAudioDevice(const DeviceRequest& request);
     ~PortAudioDevice() override;
     PortAudioDevice(const PortAudioDevice&) = delete;
     PortAudioDevice& operator=(const PortAudioDevice&) = delete;
@@ -23,12 +38,17 @@ public:
     void Detach() override;
     bool Running() const override;
 
+    // The index of the device that a name means for input or for output. Throws KernelError
+    // when no listed device has that name.
+    static int Find(const Listing& listing, const QString& name, bool input);
+
 private:
     static int OnAudio(const void* input, void* output, unsigned long frames, const PaStreamCallbackTimeInfo* time,
                        PaStreamCallbackFlags flags, void* self);
-    static PaDeviceIndex Find(const QString& name);
+    static Listing List();
     static QString Describe(PaError error);
-    void Open(PaDeviceIndex device, int sampleRate, int periodFrames, bool plays, bool records);
+    void Open(const DeviceRequest& request);
+    const PaDeviceInfo& Check(PaDeviceIndex device, bool input) const;
 
     // Pa_Initialize and Pa_Terminate, which PortAudio counts, for the life of the device.
     struct Library

@@ -26,9 +26,7 @@ Stream::Stream(std::shared_ptr<AudioEngine> engine, int channel, int index)
 AudioLevels Stream::GetLevels() const
 {
     ChannelMix& channel = m_engine->Channel(m_channel);
-    AudioLevels levels = channel.Records() ? channel.Meter().Read() : channel.Stream(m_index).Meter().Read();
-    levels.valid = levels.valid && m_engine->ChannelOn(m_channel);
-    return levels;
+    return m_engine->Levels(m_channel, channel.Records() ? channel.Meter() : channel.Stream(m_index).Meter());
 }
 
 std::shared_ptr<iCartPlayer> Stream::CartPlayer() const

@@ -94,9 +94,10 @@ protected:
         return settings;
     }
 
-    void Open(const AudioSettings& settings = VirtualSettings())
+    // devices: how the engine opens the configured devices, when not its own way.
+    void Open(const AudioSettings& settings = VirtualSettings(), DeviceFactory devices = {})
     {
-        channels = std::make_unique<Channels>(settings, KernelLog(logger), PlayQueue::MacroSource());
+        channels = std::make_unique<Channels>(settings, KernelLog(logger), PlayQueue::MacroSource(), std::move(devices));
     }
 
     std::shared_ptr<CartPlayer> Player(const QString& channel, int stream = 1) const

@@ -1,60 +1,16 @@
+// A real device: the engine's channels on a private JACK server, which the test takes away
+// and brings back.
 #include "test_AudioEngineFixture.h"
+#include "kernel/JackServer.h"
 #include "kernel/audio/Channel.h"
-#include <QCoreApplication>
-#include <QProcess>
+#include <QElapsedTimer>
 #include <QTest>
+#include <iostream>
 
-namespace {
-// A JACK server of its own, with the dummy driver at 48 kHz, for the life of the object.
-// JACK_DEFAULT_SERVER names it while it lives, so that PortAudio's JACK devices are its.
-class JackServer
-{
-public:
-    JackServer() : m_name(QStringLiteral("korvane-test-%1").arg(QCoreApplication::applicationPid()))
-    {
-        m_jackd.setProcessChannelMode(QProcess::MergedChannels);
-        m_jackd.start(QStringLiteral("jackd"), {"--no-realtime", "--name", m_name, "-d", "dummy", "--rate", "48000", "--period", "256"});
-        if (!m_jackd.waitForStarted(5000)) {
-            m_failure = QStringLiteral("jackd does not start: ") + m_jackd.errorString();
-            return;
-        }
-        if (QProcess::execute(QStringLiteral("jack_wait"), {"--server", m_name, "--wait", "--timeout", "10"}) != 0) {
-            m_failure = QStringLiteral("jackd does not answer: ") + QString::fromLocal8Bit(m_jackd.readAll());
-            return;
-        }
-        qputenv("JACK_DEFAULT_SERVER", m_name.toUtf8());
-    }
-
-    ~JackServer()
-    {
-        Kill();
-        qunsetenv("JACK_DEFAULT_SERVER");
-    }
-
-    QString Failure() const { return m_failure; }
-
-    // Ends the server as a crash would end the session, but lets it unregister itself: a
-    // killed jackd leaves its entry in JACK's shared registry, and a few of those make every
-    // later server refuse to start.
-    void Kill()
-    {
-        m_jackd.terminate();
-        if (!m_jackd.waitForFinished(5000)) {
-            m_jackd.kill();
-            m_jackd.waitForFinished(5000);
-        }
-    }
-
-private:
-    QString m_name;
-    QProcess m_jackd;
-    QString m_failure;
-};
-}
-
-// Plays through PortAudio into a JACK server, then takes the server away: the channel must
-// fall back to the Null device and its player sound on.
-TEST_F(AudioEngineTest, PlaysThroughJackAndFallsBackToTheNullDeviceWhenTheServerGoes)
+// Plays into a JACK server, then takes the server away: the channels must go off air while
+// the player keeps time, and come back on air, sounding, when a new server of the same name
+// starts.
+TEST_F(AudioEngineTest, AChannelOnAJackServerGoesOffAirWithTheServerAndBackOnAirWithANewOne)
 {
     JackServer jack;
     if (!jack.Failure().isEmpty())
@@ -63,23 +19,43 @@ TEST_F(AudioEngineTest, PlaysThroughJackAndFallsBackToTheNullDeviceWhenTheServer
     AudioSettings settings;
     settings.channels = {{"A", "system", 3, false}, {"Rec", "system", 1, true}};
     Open(settings);
-    const auto a = std::dynamic_pointer_cast<Channel>(channels->Item("A"));
-    ASSERT_EQ(a->DeviceName(), QStringLiteral("system")) << LogLinesWith("ERROR").join('\n').toStdString();
-
+    const auto a = channels->Item("A");
+    const auto rec = channels->Item("Rec");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return a->ChannelOn(); }, 10000)) << LogLinesWith("ERROR").join('\n').toStdString();
     const auto player = Player("A");
     player->LoadSource(Whole(WriteTone("tone.wav", {Rate, 2, 30000})), "tone");
     player->Play();
     EXPECT_TRUE(QTest::qWaitFor([&] { return player->PlayPosition() > 300; }, 10000));
-    EXPECT_TRUE(a->ChannelOn());
+    EXPECT_TRUE(a->Active());
     EXPECT_NEAR(Stream("A")->GetLevels().left, -6.0f, 0.1f);
-    EXPECT_TRUE(channels->Item("Rec")->GetLevels().valid) << "the server's input reaches the recording channel";
+    EXPECT_TRUE(rec->GetLevels().valid) << "the server's input reaches the recording channel";
 
     jack.Kill();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return a->DeviceName() == QLatin1String("null"); }, 10000));
-    EXPECT_EQ(LogLinesWith(QStringLiteral("Device 'system': ")).size(), 1);
-    EXPECT_EQ(LogLinesWith(QStringLiteral("channel A, Rec runs on the Null device")).size(), 1);
-    const qint32 position = player->PlayPosition();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return player->PlayPosition() > position + 300; }, 10000));
+    QElapsedTimer gone;
+    gone.start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !a->Active(); }, 10000));
+    std::cout << "Off air " << gone.elapsed() << " ms after the JACK server ended" << std::endl;
+    EXPECT_FALSE(a->ChannelOn());
+    EXPECT_FALSE(rec->ChannelOn());
+    EXPECT_FALSE(a->GetLevels().valid);
+    EXPECT_FALSE(Stream("A")->GetLevels().valid);
+    EXPECT_EQ(LogLinesWith(QStringLiteral("Device 'system' stopped; channel A, Rec is off air")).size(), 1);
+    const qint32 lostAt = player->PlayPosition();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return player->PlayPosition() > lostAt + 300; }, 10000));
     EXPECT_EQ(player->Status(), static_cast<qint32>(CartPlayerStatus::Playing));
+
+    jack.Start();
+    ASSERT_TRUE(jack.Failure().isEmpty()) << jack.Failure().toStdString();
+    QElapsedTimer back;
+    back.start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return a->ChannelOn(); }, 15000));
+    std::cout << "On air again " << back.elapsed() << " ms after the JACK server answered" << std::endl;
+    EXPECT_TRUE(a->Active());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rec->GetLevels().valid; }, 5000));
     EXPECT_NEAR(Stream("A")->GetLevels().left, -6.0f, 0.1f);
+    EXPECT_EQ(LogLinesWith(QStringLiteral("Device 'system' is back: channel A, Rec is on air again")).size(), 1);
+    EXPECT_EQ(LogLinesWith(QStringLiteral("ERROR")).size(), 1);
+    const qint32 backAt = player->PlayPosition();
+    EXPECT_GT(backAt, lostAt + 300) << "the player went on while the server was away";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return player->PlayPosition() > backAt + 300; }, 10000));
 }

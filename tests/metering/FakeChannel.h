@@ -24,6 +24,7 @@ public:
         FailIfAsked();
         return levels;
     }
+    qint64 Underruns() const override { return underruns; }
     std::shared_ptr<iStreams> Streams() const override { return streams; }
 
     void SetLevels(float left, float right, bool valid = true) { levels = {left, right, valid}; }
@@ -33,6 +34,7 @@ public:
     bool active = true;
     bool on = false;
     bool failing = false;
+    qint64 underruns = 0;
     AudioLevels levels;
     std::shared_ptr<FakeStreams> streams;
 

@@ -92,5 +92,6 @@ TEST_F(MetersOnTheKernel, ChannelMonitorPrintsTheStationsChannels)
     monitor.Init();
     monitor.TmrChannelMonitor_Timer();
     EXPECT_EQ(monitor.IFBlackBoard1->PrintedLines(),
-              QStringList({QStringLiteral("A: True - 3"), QStringLiteral("B: True - 3"), QStringLiteral("Rec: True - 1")}));
+              QStringList({QStringLiteral("A: True - 3 - 0 underruns"), QStringLiteral("B: True - 3 - 0 underruns"),
+                           QStringLiteral("Rec: True - 1 - 0 underruns")}));
 }
