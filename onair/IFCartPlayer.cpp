@@ -39,6 +39,7 @@
 #include <QToolButton>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 namespace {
 // The panel as drawn in twips; every place below is in this frame and scales with the panel.
@@ -980,12 +981,16 @@ bool IFCartPlayer::HandleMouse(QObject* watched, QMouseEvent* event)
         }
         return false;
     case QEvent::MouseButtonRelease:
+        // The release that ends a double click is no click: the first release was one.
+        if (left && std::exchange(m_doubleClicked, false))
+            return false;
         if (left && watched == LblStatus)
             m_timeToggle = !m_timeToggle;
         else if (left && watched == LblVolume)
             Command(QStringLiteral("LblVolume_Click"), &iCartPlayer::VolumeToCartDefault);
         return false;
     case QEvent::MouseButtonDblClick:
+        m_doubleClicked = left;
         if (left && watched == LblVolume)
             Command(QStringLiteral("LblVolume_DblClick"), &iCartPlayer::VolumeToZero);
         return false;

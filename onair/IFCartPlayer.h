@@ -225,6 +225,8 @@ private:
     bool m_flash = false;
     bool m_highLight = true;
     bool m_timeToggle = true;
+    // Set from a double click to its release.
+    bool m_doubleClicked = false;
     bool m_suppress = false;
     bool m_seeking = false;
     bool m_colorsRead = false;

@@ -147,6 +147,8 @@ TEST_F(DeckTest, TheTimeTextFollowsTheToggleThatAClickOnTheStatusLineFlips)
     EXPECT_FALSE(deck.TimeToggle());
     deck.iCartPlayer_DisplayTimeChanged(QStringLiteral("00:00:01.10"), QStringLiteral("-00:00:01.90"));
     EXPECT_EQ(Label("LblStatus")->Text(), QStringLiteral("00:00:01.10"));
+    DoubleClick(Label("LblStatus"));
+    EXPECT_TRUE(deck.TimeToggle()) << "a double click is one click and a double click: one flip";
 
     // The text lines hand the keyboard to the fader.
     QApplication::setActiveWindow(&deck);
