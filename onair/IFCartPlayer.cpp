@@ -44,11 +44,13 @@
 namespace {
 // The panel as drawn in twips; every place below is in this frame and scales with the panel.
 constexpr double DesignWidth = 2835;
-constexpr double DesignHeight = 1500;
+constexpr double DesignHeight = 1620;
 constexpr double StatusTop = 75;
 constexpr double TitleTop = 540;
 constexpr double LineHeight = 390;
-constexpr double SlotTop = 1005;
+constexpr double MeterTop = 990;
+constexpr double MeterHeight = 90;
+constexpr double SlotTop = 1140;
 constexpr double SlotHeight = 420;
 
 constexpr qint16 Silence = -110;
@@ -209,19 +211,21 @@ void IFCartPlayer::CreateControls()
     for (QToolButton* button : {CmdPlayStart, CmdPlayMid, CmdPlayStop, CmdFadeOut})
         button->setCheckable(true);
 
-    Fader = new DeckFader(this);
-    Fader->setObjectName(QStringLiteral("Fader"));
-    Place(Fader, 2250, 75, 285, 960);
+    // The meter runs under the title, as wide as the lines above it.
     UCSingleVumeter1 = new UCSingleVumeter(this);
     UCSingleVumeter1->setObjectName(QStringLiteral("UCSingleVumeter1"));
-    Place(UCSingleVumeter1, 2565, 75, 195, 960);
+    UCSingleVumeter1->SetOrientation(Qt::Horizontal);
+    Place(UCSingleVumeter1, 75, MeterTop, 2115, MeterHeight);
+    Fader = new DeckFader(this);
+    Fader->setObjectName(QStringLiteral("Fader"));
+    Place(Fader, 2340, 75, 330, MeterTop + MeterHeight - 75);
     LblVolume = new DeckLabel(this);
     LblVolume->setObjectName(QStringLiteral("LblVolume"));
     LblVolume->SetAlignment(Qt::AlignCenter);
     LblVolume->SetBackColor(VolumeBack);
     LblVolume->SetForeColor(VolumeFore);
     LblVolume->setMouseTracking(true);
-    Place(LblVolume, 2250, 1065, 510, 360);
+    Place(LblVolume, 2250, SlotTop, 510, SlotHeight);
 
     // The keys draw their whole face; the tool buttons under them only hold the pictures.
     setStyleSheet(QStringLiteral("QToolButton { background: transparent; border: none; padding: 0px; margin: 0px; }"));
