@@ -29,6 +29,7 @@
 #include "onair/DeckStatusPictures.h"
 #include "shell/CInterface.h"
 #include "shell/components/CComponent.h"
+#include "shell/components/CComponents.h"
 #include "shell/modInterface.h"
 #include <QDropEvent>
 #include <QLabel>
@@ -143,9 +144,11 @@ IFCartPlayer::IFCartPlayer(QWidget* parent)
     connect(&m_tmrFadeOut, &QTimer::timeout, this, &IFCartPlayer::TmrFadeOut_Timer);
     GrabStatus(0);
     m_tmrFadeOut.start();
+    // Registered as "CartPlayer", "CartPlayer2"...: a screen holds more than one deck. The
+    // component outlives the deck in the registry; its Control then reads null.
     m_component = std::make_shared<CComponent>();
-    m_component->SetName(QStringLiteral("CartPlayer"));
     m_component->SetControl(this);
+    modInterface::AddComponent(ComponentName, m_component, CComponents::MakeUnique);
     connect(m_component.get(), &CComponent::DragDrop, this, &IFCartPlayer::Component_DragDrop);
 }
 
@@ -153,6 +156,7 @@ IFCartPlayer::~IFCartPlayer()
 {
     for (const auto& connection : std::as_const(m_playerConnections))
         disconnect(connection);
+    modInterface::RemoveComponent(m_component->Name());
     m_component.reset();
 }
 

@@ -55,6 +55,8 @@ class IFCartPlayer : public QWidget
 public:
     static inline const QString Object = QStringLiteral("IFCartPlayer");
     static inline const QString TriplePlayModeProperty = QStringLiteral("TriplePlayMode");
+    // The name a deck's component is registered under, followed by a number from the second.
+    static inline const QString ComponentName = QStringLiteral("CartPlayer");
 
     explicit IFCartPlayer(QWidget* parent = nullptr);
     ~IFCartPlayer() override;
