@@ -35,6 +35,14 @@ UCSingleVumeter::UCSingleVumeter(QWidget* parent)
     m_background = Ground.rgb();
 }
 
+void UCSingleVumeter::SetOrientation(Qt::Orientation orientation)
+{
+    if (orientation == m_orientation)
+        return;
+    m_orientation = orientation;
+    CalculateFormula();
+}
+
 void UCSingleVumeter::SetValue(float value)
 {
     m_value = value;
@@ -62,13 +70,14 @@ void UCSingleVumeter::resizeEvent(QResizeEvent*)
     CalculateFormula();
 }
 
-// The number of LEDs follows the present height. The curve comes by Cramer's rule over the
+// The number of LEDs follows the present length of the bar. The curve comes by Cramer's rule over the
 // system whose rows are the squares of the three levels, the levels and three ones; a
 // singular system (two points at one level) leaves the curve flat at 0.
 void UCSingleVumeter::CalculateFormula()
 {
-    m_ledCount = RoundHalfEven((height() - 4.0 * Margin) / LedPitch);
-    m_rightEnd = width() - Margin;
+    const bool vertical = m_orientation == Qt::Vertical;
+    m_ledCount = RoundHalfEven(((vertical ? height() : width()) - 4.0 * Margin) / LedPitch);
+    m_lineEnd = (vertical ? width() : height()) - Margin;
     const double l1 = m_noiseLevel;
     const double l2 = WorkLevel - 10.0;
     const double l3 = WorkLevel;
@@ -100,7 +109,7 @@ float UCSingleVumeter::ToPower(int led) const
     return (m_minusB + std::sqrt(d)) / m_twoA;
 }
 
-// The inverse is worked out once per LED whenever the curve or the height changes; every
+// The inverse is worked out once per LED whenever the curve or the length changes; every
 // LED is then painted afresh.
 void UCSingleVumeter::ComputeLedLevels()
 {
@@ -148,8 +157,10 @@ QColor UCSingleVumeter::LedColor(int led) const
 
 QRect UCSingleVumeter::LedRect(int led) const
 {
-    const int top = (m_ledCount - led) * LedPitch + 2 * Margin;
-    return QRect(Margin, top, m_rightEnd - Margin + 1, LedThickness);
+    const int across = m_lineEnd - Margin + 1;
+    if (m_orientation == Qt::Horizontal)
+        return QRect(led * LedPitch + 2 * Margin, Margin, LedThickness, across);
+    return QRect(Margin, (m_ledCount - led) * LedPitch + 2 * Margin, across, LedThickness);
 }
 
 void UCSingleVumeter::paintEvent(QPaintEvent* event)

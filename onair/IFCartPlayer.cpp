@@ -29,6 +29,7 @@
 #include "onair/DeckStatusPictures.h"
 #include "shell/CInterface.h"
 #include "shell/components/CComponent.h"
+#include "shell/components/CComponents.h"
 #include "shell/modInterface.h"
 #include <QDropEvent>
 #include <QLabel>
@@ -39,15 +40,18 @@
 #include <QToolButton>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 namespace {
 // The panel as drawn in twips; every place below is in this frame and scales with the panel.
 constexpr double DesignWidth = 2835;
-constexpr double DesignHeight = 1500;
+constexpr double DesignHeight = 1620;
 constexpr double StatusTop = 75;
 constexpr double TitleTop = 540;
 constexpr double LineHeight = 390;
-constexpr double SlotTop = 1005;
+constexpr double MeterTop = 990;
+constexpr double MeterHeight = 90;
+constexpr double SlotTop = 1140;
 constexpr double SlotHeight = 420;
 
 constexpr qint16 Silence = -110;
@@ -140,9 +144,11 @@ IFCartPlayer::IFCartPlayer(QWidget* parent)
     connect(&m_tmrFadeOut, &QTimer::timeout, this, &IFCartPlayer::TmrFadeOut_Timer);
     GrabStatus(0);
     m_tmrFadeOut.start();
+    // Registered as "CartPlayer", "CartPlayer2"...: a screen holds more than one deck. The
+    // component outlives the deck in the registry; its Control then reads null.
     m_component = std::make_shared<CComponent>();
-    m_component->SetName(QStringLiteral("CartPlayer"));
     m_component->SetControl(this);
+    modInterface::AddComponent(ComponentName, m_component, CComponents::MakeUnique);
     connect(m_component.get(), &CComponent::DragDrop, this, &IFCartPlayer::Component_DragDrop);
 }
 
@@ -150,6 +156,7 @@ IFCartPlayer::~IFCartPlayer()
 {
     for (const auto& connection : std::as_const(m_playerConnections))
         disconnect(connection);
+    modInterface::RemoveComponent(m_component->Name());
     m_component.reset();
 }
 
@@ -208,19 +215,21 @@ void IFCartPlayer::CreateControls()
     for (QToolButton* button : {CmdPlayStart, CmdPlayMid, CmdPlayStop, CmdFadeOut})
         button->setCheckable(true);
 
-    Fader = new DeckFader(this);
-    Fader->setObjectName(QStringLiteral("Fader"));
-    Place(Fader, 2250, 75, 285, 960);
+    // The meter runs under the title, as wide as the lines above it.
     UCSingleVumeter1 = new UCSingleVumeter(this);
     UCSingleVumeter1->setObjectName(QStringLiteral("UCSingleVumeter1"));
-    Place(UCSingleVumeter1, 2565, 75, 195, 960);
+    UCSingleVumeter1->SetOrientation(Qt::Horizontal);
+    Place(UCSingleVumeter1, 75, MeterTop, 2115, MeterHeight);
+    Fader = new DeckFader(this);
+    Fader->setObjectName(QStringLiteral("Fader"));
+    Place(Fader, 2340, 75, 330, MeterTop + MeterHeight - 75);
     LblVolume = new DeckLabel(this);
     LblVolume->setObjectName(QStringLiteral("LblVolume"));
     LblVolume->SetAlignment(Qt::AlignCenter);
     LblVolume->SetBackColor(VolumeBack);
     LblVolume->SetForeColor(VolumeFore);
     LblVolume->setMouseTracking(true);
-    Place(LblVolume, 2250, 1065, 510, 360);
+    Place(LblVolume, 2250, SlotTop, 510, SlotHeight);
 
     // The keys draw their whole face; the tool buttons under them only hold the pictures.
     setStyleSheet(QStringLiteral("QToolButton { background: transparent; border: none; padding: 0px; margin: 0px; }"));
@@ -980,12 +989,16 @@ bool IFCartPlayer::HandleMouse(QObject* watched, QMouseEvent* event)
         }
         return false;
     case QEvent::MouseButtonRelease:
+        // The release that ends a double click is no click: the first release was one.
+        if (left && std::exchange(m_doubleClicked, false))
+            return false;
         if (left && watched == LblStatus)
             m_timeToggle = !m_timeToggle;
         else if (left && watched == LblVolume)
             Command(QStringLiteral("LblVolume_Click"), &iCartPlayer::VolumeToCartDefault);
         return false;
     case QEvent::MouseButtonDblClick:
+        m_doubleClicked = left;
         if (left && watched == LblVolume)
             Command(QStringLiteral("LblVolume_DblClick"), &iCartPlayer::VolumeToZero);
         return false;

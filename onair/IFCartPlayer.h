@@ -55,6 +55,8 @@ class IFCartPlayer : public QWidget
 public:
     static inline const QString Object = QStringLiteral("IFCartPlayer");
     static inline const QString TriplePlayModeProperty = QStringLiteral("TriplePlayMode");
+    // The name a deck's component is registered under, followed by a number from the second.
+    static inline const QString ComponentName = QStringLiteral("CartPlayer");
 
     explicit IFCartPlayer(QWidget* parent = nullptr);
     ~IFCartPlayer() override;
@@ -225,6 +227,8 @@ private:
     bool m_flash = false;
     bool m_highLight = true;
     bool m_timeToggle = true;
+    // Set from a double click to its release.
+    bool m_doubleClicked = false;
     bool m_suppress = false;
     bool m_seeking = false;
     bool m_colorsRead = false;

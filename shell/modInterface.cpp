@@ -4,6 +4,8 @@
 #include "foundation/Log.h"
 #include "foundation/ui/Dialogs.h"
 #include "shell/CInterface.h"
+#include "shell/components/CComponent.h"
+#include "shell/components/CComponents.h"
 #include <memory>
 
 namespace modInterface {
@@ -44,5 +46,20 @@ void NotifyDrag(const std::shared_ptr<CComponent>& component, qint32 notificatio
 {
     if (CInterface* ui = Interface())
         ui->Drag().NotifyMouse(component, notificationType, event);
+}
+
+bool AddComponent(const QString& name, std::shared_ptr<CComponent>& component, qint32 addType)
+{
+    if (CInterface* ui = Interface())
+        return ui->Components().Add(name, component, addType);
+    if (component)
+        component->SetName(name);
+    return false;
+}
+
+void RemoveComponent(const QString& name)
+{
+    if (CInterface* ui = Interface())
+        ui->Components().Remove(name);
 }
 }

@@ -15,6 +15,10 @@
 #include "kernelapi/iStream.h"
 #include "onair/FrmOnAir.h"
 #include "onair/IFCartPlayer.h"
+#include "shell/CInterface.h"
+#include "shell/components/CComponent.h"
+#include "shell/components/CComponents.h"
+#include "shell/modInterface.h"
 #include "support/Photograph.h"
 #include "support/TempStation.h"
 #include <QApplication>
@@ -58,6 +62,16 @@ void Press(QWidget* button)
     AdvanceMs(30);
 }
 
+// The component registered under the name, or null.
+std::shared_ptr<CComponent> Registered(const QString& name)
+{
+    const CComponents& registry = modInterface::Interface()->Components();
+    for (int i = 0; i < registry.Count(); ++i)
+        if (registry.Item(i)->Name() == name)
+            return registry.Item(i);
+    return nullptr;
+}
+
 // Presses a row of the cart list and drags it onto the deck, the way a hand does: a first
 // move out of the click distance, then moves over the deck, and the release there.
 void DragRowOntoDeck(QTreeView* list, const QString& id, IFCartPlayer* deck)
@@ -93,6 +107,14 @@ TEST(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
     ASSERT_GT(onAir->IFBrowserCart1->Rows().rowCount(), 0);
 
     IFCartPlayer* deck = onAir->IFCartPlayer1[0];
+    // Each deck is found by name in the program's registry, the second under a name of its own.
+    const std::shared_ptr<CComponent> first = Registered(QStringLiteral("CartPlayer"));
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first, deck->Component());
+    EXPECT_EQ(first->Control(), deck);
+    ASSERT_NE(Registered(QStringLiteral("CartPlayer2")), nullptr);
+    EXPECT_EQ(Registered(QStringLiteral("CartPlayer2"))->Control(), onAir->IFCartPlayer1[1]);
+
     DragRowOntoDeck(onAir->IFBrowserCart1->ListView1, QStringLiteral("JIN0001"), deck);
     AdvanceMs(40);
     const auto player = deck->CartPlayer();
@@ -125,6 +147,15 @@ TEST(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
     Press(deck->findChild<UCButton*>(QStringLiteral("CmdEject")));
     EXPECT_FALSE(player->Loaded());
     EXPECT_EQ(player->Status(), Ready);
+
+    // The page goes; the decks' components stay registered and reach no dead deck.
+    const auto browser = onAir->IFBrowserCart1->Component();
+    Click(onAir->CmdExit);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(Form::Find(QStringLiteral("FrmOnAir")), nullptr);
+    EXPECT_EQ(Registered(QStringLiteral("CartPlayer")), first);
+    EXPECT_EQ(first->Control(), nullptr);
+    first->RaiseEventDragDrop(browser);
 
     const QString log = TodaysLog(station.Dir());
     EXPECT_FALSE(log.contains(QStringLiteral("ERROR: "))) << log.toStdString();

@@ -148,3 +148,26 @@ TEST(UCSingleVumeter, PaintsLedsWhereTheyStandAndRepaintsOnlyWhatChanged)
     QCoreApplication::processEvents();
     EXPECT_EQ(spy.painted.boundingRect(), bar.LedRect(23).united(bar.LedRect(15)));
 }
+
+TEST(UCSingleVumeter, AHorizontalBarCountsItsWidthAndLightsFromTheLeft)
+{
+    UCSingleVumeter bar;
+    bar.SetOrientation(Qt::Horizontal);
+    Calibrate(bar, 80, 60, -12, -60);
+    bar.resize(112, 12);
+    bar.CalculateFormula();
+    ASSERT_EQ(bar.LedCount(), 25) << "the LEDs of the width, as a vertical bar counts its height";
+    EXPECT_NEAR(bar.ToPower(20), -12, 1e-3);
+    bar.SetValue(-20, -20);
+    bar.show();
+    QCoreApplication::processEvents();
+
+    // LED 0 is the leftmost pair of lines, 3 pixels in from the top and the bottom.
+    EXPECT_EQ(bar.LedRect(0), QRect(6, 3, 2, 7));
+    EXPECT_EQ(bar.LedRect(25), QRect(106, 3, 2, 7));
+    const QImage shot = bar.grab().toImage();
+    EXPECT_EQ(QColor(shot.pixel(6, 3)), Green);
+    EXPECT_EQ(QColor(shot.pixel(7, 9)), Green);
+    EXPECT_EQ(QColor(shot.pixel(6, 10)), Background);
+    EXPECT_EQ(QColor(shot.pixel(106, 6)), Background) << "the loud end, to the right, is dark";
+}

@@ -17,6 +17,7 @@
 #include "onair/IFCartPlayer.h"
 #include "support/TempStation.h"
 #include <QApplication>
+#include <QMouseEvent>
 #include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
@@ -88,6 +89,23 @@ protected:
     {
         QTest::mousePress(button, Qt::LeftButton);
         QTest::mouseRelease(button, Qt::LeftButton);
+    }
+
+    // A double click as a hand makes it: press, release, the second press that the window
+    // system reports as a double click, and its release.
+    static void DoubleClick(QWidget* widget)
+    {
+        SendLeft(widget, QEvent::MouseButtonPress, Qt::LeftButton);
+        SendLeft(widget, QEvent::MouseButtonRelease, Qt::NoButton);
+        SendLeft(widget, QEvent::MouseButtonDblClick, Qt::LeftButton);
+        SendLeft(widget, QEvent::MouseButtonRelease, Qt::NoButton);
+    }
+
+    static void SendLeft(QWidget* widget, QEvent::Type type, Qt::MouseButtons held)
+    {
+        const QPointF at = widget->rect().center();
+        QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
     }
 
     // The name of the button a user sees, and would press, where the given one stands.

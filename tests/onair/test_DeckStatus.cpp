@@ -147,6 +147,8 @@ TEST_F(DeckTest, TheTimeTextFollowsTheToggleThatAClickOnTheStatusLineFlips)
     EXPECT_FALSE(deck.TimeToggle());
     deck.iCartPlayer_DisplayTimeChanged(QStringLiteral("00:00:01.10"), QStringLiteral("-00:00:01.90"));
     EXPECT_EQ(Label("LblStatus")->Text(), QStringLiteral("00:00:01.10"));
+    DoubleClick(Label("LblStatus"));
+    EXPECT_TRUE(deck.TimeToggle()) << "a double click is one click and a double click: one flip";
 
     // The text lines hand the keyboard to the fader.
     QApplication::setActiveWindow(&deck);
@@ -160,6 +162,12 @@ TEST_F(DeckTest, TheMeterReadsTheStreamEvery150MsWhileAPlayerIsAttached)
     EXPECT_TRUE(deck.TmrVumeter().isActive());
     EXPECT_EQ(deck.TmrVumeter().interval(), 150);
     auto* meter = Child<UCSingleVumeter>("UCSingleVumeter1");
+    const QRect title = Label("LblTitle")->geometry();
+    EXPECT_EQ(meter->Orientation(), Qt::Horizontal);
+    EXPECT_GE(meter->geometry().top(), title.bottom()) << "under the title";
+    EXPECT_LT(meter->geometry().top(), Button("CmdPlay")->geometry().top()) << "above the keys";
+    EXPECT_EQ(meter->geometry().left(), title.left());
+    EXPECT_GE(meter->geometry().right(), title.right());
     // A new meter sweeps down from full scale first; then it rests at the floor.
     for (int i = 0; i < 50; ++i)
         deck.TmrVumeter_Timer();
