@@ -1,6 +1,7 @@
 #include "foundation/Strings.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
+#include "foundation/Windows1252.h"
 #include "kernelapi/KernelError.h"
 #include <QStringList>
 #include <array>
@@ -49,9 +50,12 @@ void RequireSeparator(const QString& separator)
 }
 
 // The character's code in the single-byte Western code page.
+// The character's code in the single-byte Western code page; '?' for one it lacks, as the
+// conversion to that page gives.
 int WesternCode(QChar c)
 {
-    return c.unicode() <= 0xFF ? c.unicode() : '?';
+    const int byte = Windows1252::ByteOf(c);
+    return byte < 0 ? '?' : byte;
 }
 
 struct ClockParts
@@ -225,7 +229,7 @@ QString ScramblePassword(const QString& password)
     QString scrambled;
     for (int i = 1; i <= Cells; ++i) {
         const qint64 a = WesternCode((cell[i - 1] + Blank)[0]);
-        scrambled += QChar(static_cast<char16_t>((a ^ (i * s)) % 256));
+        scrambled += Windows1252::CharOf(static_cast<unsigned char>((a ^ (i * s)) % 256));
     }
     return scrambled;
 }

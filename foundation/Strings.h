@@ -44,7 +44,8 @@ bool Matches(const QString& needle, const QString& text, int flag);
 
 // Every character, letters and digits too, through UrlEncodeChar.
 QString UrlEncode(const QString& text);
-// "%" and the character's code in upper-case hexadecimal, unpadded: '\n' -> "%A".
+// "%" and the character's code in the single-byte Western code page, in upper-case
+// hexadecimal, unpadded: '\n' -> "%A", '€' -> "%80".
 QString UrlEncodeChar(QChar c);
 
 // The text for comparing user text with catalogue text: accents folded when the shared
@@ -62,8 +63,10 @@ QString PadZero(qint64 value, int width);
 QString Pad2(qint16 value);
 QString Pad4(qint16 value);
 
-// The one-way form of a password that the users table stores: always ten characters, each
-// of code 0..255, so that it survives a text column. Equal passwords give equal forms.
+// The one-way form of a password that the users table stores: always ten characters, worked
+// out on the single-byte Western code page (Windows-1252) of the password's characters and
+// given as that page's characters, so that forms stored by earlier programs stay valid.
+// Equal passwords give equal forms.
 QString ScramblePassword(const QString& password);
 
 // The numeric value of the leading decimal number of a text (leading blanks, optional sign,

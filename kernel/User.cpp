@@ -1,5 +1,6 @@
 #include "kernel/User.h"
 #include "foundation/Strings.h"
+#include "foundation/Windows1252.h"
 #include "foundation/db/Database.h"
 #include "kernelapi/KernelError.h"
 #include "kernelapi/iTranslator.h"
@@ -36,13 +37,26 @@ iUser::PasswordChange User::ChangePassword(const QString& oldPassword, const QSt
 
 bool User::PasswordMatches(const QString& stored, const QString& typed)
 {
-    const QString scrambled = ScramblePassword(typed);
-    if (stored == scrambled)
+    const QByteArray storedBytes = FormBytes(stored);
+    const QByteArray scrambled = FormBytes(ScramblePassword(typed));
+    if (storedBytes == scrambled)
         return true;
     qsizetype end = scrambled.size();
-    while (end > 0 && scrambled.at(end - 1) == QLatin1Char(' '))
+    while (end > 0 && scrambled.at(end - 1) == ' ')
         --end;
-    return end < scrambled.size() && stored == scrambled.left(end);
+    return end < scrambled.size() && storedBytes == scrambled.left(end);
+}
+
+QByteArray User::FormBytes(const QString& form)
+{
+    QByteArray bytes;
+    bytes.reserve(form.size());
+    for (QChar c : form) {
+        const int byte = Windows1252::ByteOf(c);
+        // Earlier forms held the bytes 0x80..0x9F as the control characters of those codes.
+        bytes += static_cast<char>(byte >= 0 ? byte : (c.unicode() <= 0xFF ? c.unicode() : '?'));
+    }
+    return bytes;
 }
 
 iUser::PasswordChange User::Refused(const char* reason) const

@@ -20,12 +20,14 @@ public:
     QString PrivilegeDescription() const override;
     PasswordChange ChangePassword(const QString& oldPassword, const QString& newPassword) override;
 
-    // Whether a typed password matches the stored, scrambled one. Text stores trim trailing
-    // blanks, so a scrambled form that ends in blanks (the empty password's does) matches
-    // its trimmed copy too.
+    // Whether a typed password matches the stored, scrambled one. Forms are compared on their
+    // single-byte codes. Text stores trim trailing blanks, so a scrambled form that ends in
+    // blanks (the empty password's does) matches its trimmed copy too.
     static bool PasswordMatches(const QString& stored, const QString& typed);
 
 private:
+    // The single-byte codes of a scrambled form as stored.
+    static QByteArray FormBytes(const QString& form);
     PasswordChange Refused(const char* reason) const;
     QString StoredPassword() const;
 

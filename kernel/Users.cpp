@@ -42,7 +42,7 @@ bool Users::Admit(const QString& user, const std::optional<QString>& password)
         return false;
     }
     if (password && !User::PasswordMatches(account->password, *password)) {
-        CountFailure(user);
+        CountFailure(account->name);
         Refuse(user, QStringLiteral("wrong password"));
         return false;
     }
@@ -61,13 +61,17 @@ void Users::Logout()
 
 std::optional<Users::Account> Users::Find(const QString& name) const
 {
-    QSqlQuery query = m_db->Query(
-        QStringLiteral("SELECT ID, Password, Privilege, LastDate, Fails FROM Usuari WHERE ID = ?"), {name});
-    // The store compares text without regard to case; a login name must match as stored.
-    if (!query.next() || query.value(0).toString() != name)
-        return std::nullopt;
-    return Account{query.value(0).toString(), query.value(1).toString(), query.value(2).toInt(),
-                   DateText(query.value(3)), query.value(4).toInt()};
+    // A login name matches the stored ID without regard to case: the login form turns what
+    // is typed to upper case, and IDs may be stored in any case. The comparison is made here,
+    // as the stores' case rules for letters beyond ASCII differ.
+    QSqlQuery query = m_db->Query(QStringLiteral("SELECT ID, Password, Privilege, LastDate, Fails FROM Usuari"));
+    while (query.next()) {
+        const QString id = query.value(0).toString();
+        if (id.compare(name, Qt::CaseInsensitive) == 0)
+            return Account{id, query.value(1).toString(), query.value(2).toInt(), DateText(query.value(3)),
+                           query.value(4).toInt()};
+    }
+    return std::nullopt;
 }
 
 void Users::CountFailure(const QString& name)

@@ -100,7 +100,7 @@ void CDrag::RecalculateAll()
         }
         return;
     }
-    FinishDrag(true);
+    FinishDrag();
 }
 
 void CDrag::BeginDragging()
@@ -112,13 +112,13 @@ void CDrag::BeginDragging()
     m_exceeded = false;
 }
 
-void CDrag::FinishDrag(bool drop)
+void CDrag::FinishDrag()
 {
     if (m_status == Dragging) {
         QApplication::restoreOverrideCursor();
         m_status = Waiting;
         Q_EMIT EndDrag();
-        if (drop && m_destination)
+        if (m_destination)
             m_destination->RaiseEventDragDrop(m_source);
     }
     m_status = Waiting;
@@ -144,10 +144,10 @@ bool CDrag::Redirect(QMouseEvent* event)
         QApplication::sendEvent(target, &copy);
         m_redirecting = false;
     }
-    // Released over something that reports nothing (or outside the program): no drop.
+    // Released over something that reports nothing (a gap between controls, a border, or
+    // outside the program): the drag still ends on the component that last reported a move.
     if (event->type() == QEvent::MouseButtonRelease && m_status == Dragging) {
-        m_destination.reset();
-        FinishDrag(false);
+        FinishDrag();
         Q_EMIT Changed();
     }
     return true;

@@ -13,8 +13,8 @@ class QWidget;
 //
 // While a drag runs, the press of the source still holds Qt's implicit mouse grab, so moves
 // and the release would all reach the source. CDrag therefore hands each of them to the
-// widget under the pointer, as the source's drag being ended frees the mouse, and a release
-// over a widget that reports nothing ends the drag without a drop.
+// widget under the pointer, as the source's drag being ended frees the mouse. A release over
+// a widget that reports nothing (a gap, a border) drops on the last component moved over.
 class CDrag : public QObject
 {
     Q_OBJECT
@@ -66,7 +66,7 @@ protected:
 private:
     void RecalculateAll();
     void BeginDragging();
-    void FinishDrag(bool drop);
+    void FinishDrag();
     bool Redirect(QMouseEvent* event);
 
     qint16 m_status = Waiting;

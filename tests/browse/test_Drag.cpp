@@ -3,6 +3,7 @@
 #include "browse/drag/CDrag.h"
 #include "browse/drag/CMouseController.h"
 #include "shell/components/CComponent.h"
+#include <QApplication>
 #include <QMouseEvent>
 #include <QTest>
 #include <QWidget>
@@ -50,6 +51,8 @@ struct DragBench : ::testing::Test
         target->setGeometry(150, 0, 100, 100);
         silent->setGeometry(300, 0, 100, 100);
         window.show();
+        // Above any other window of the process, where the pointer finds it.
+        QApplication::setActiveWindow(&window);
         QObject::connect(&drag, &CDrag::StartDrag, [this] { ++starts; });
         QObject::connect(&drag, &CDrag::EndDrag, [this] { ++ends; });
     }
@@ -93,12 +96,33 @@ TEST_F(DragBench, AMoveBelowSixtyFiveTwipsIsAClick)
     EXPECT_EQ(source->droppedFrom, QStringLiteral("CartBrowser")) << "dropping on oneself is the handler's business";
 }
 
-TEST_F(DragBench, ReleaseOverAWidgetThatReportsNothingDropsNothing)
+TEST_F(DragBench, ReleaseWithNoDestinationEndsTheDragWithNoDrop)
 {
     DragTo(QPoint(350, 50));
     EXPECT_EQ(ends, 1);
     EXPECT_TRUE(target->droppedFrom.isEmpty());
+    EXPECT_TRUE(source->droppedFrom.isEmpty());
     EXPECT_EQ(drag.Status(), CDrag::Waiting);
+}
+
+TEST_F(DragBench, ReleaseOverAGapOrOutsideTheWindowDropsOnTheLastControlMovedOver)
+{
+    // The gap between the two controls, a widget that reports nothing, and a point beyond
+    // the window: each time the drop goes to the target, which reported the last move.
+    for (const QPoint releasedAt : {QPoint(125, 50), QPoint(350, 50), QPoint(900, 50)}) {
+        target->droppedFrom.clear();
+        const QPoint overTarget = source->mapFrom(&window, QPoint(200, 50));
+        const QPoint there = source->mapFrom(&window, releasedAt);
+        QTest::mousePress(source, Qt::LeftButton, {}, QPoint(10, 10));
+        QTest::mouseMove(source, overTarget);
+        QTest::mouseMove(source, overTarget);
+        QTest::mouseMove(source, there);
+        QTest::mouseRelease(source, Qt::LeftButton, {}, there);
+        EXPECT_EQ(target->droppedFrom, QStringLiteral("CartBrowser")) << releasedAt.x();
+        EXPECT_EQ(drag.Status(), CDrag::Waiting);
+    }
+    EXPECT_EQ(ends, 3);
+    EXPECT_TRUE(source->droppedFrom.isEmpty());
 }
 
 TEST_F(DragBench, AMoveWithNoButtonEndsARunningDragLikeARelease)

@@ -1,17 +1,20 @@
 #include "foundation/Globals.h"
 #include "foundation/Strings.h"
+#include "foundation/Windows1252.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernelapi/KernelError.h"
 #include "support/TempStation.h"
+#include <QStringDecoder>
 #include <gtest/gtest.h>
 #include <vector>
 
 namespace {
+// The text of single-byte codes in the Western code page (0x80 is the euro sign).
 QString FromCodes(const std::vector<int>& codes)
 {
     QString text;
     for (int code : codes)
-        text += QChar(static_cast<char16_t>(code));
+        text += Windows1252::CharOf(static_cast<unsigned char>(code));
     return text;
 }
 }
@@ -92,7 +95,9 @@ TEST(StringsTest, UrlEncodeEscapesEveryCharacterUnpadded)
     EXPECT_EQ(UrlEncode(""), "");
     EXPECT_EQ(UrlEncodeChar(QLatin1Char('\n')), "%A");
     EXPECT_EQ(UrlEncodeChar(QChar(0xE9)), "%E9");
-    EXPECT_EQ(UrlEncodeChar(QChar(0x20AC)), "%3F"); // outside the code page: "?"
+    EXPECT_EQ(UrlEncodeChar(QChar(0x20AC)), "%80"); // the euro sign's byte in the code page
+    EXPECT_EQ(UrlEncodeChar(QChar(0x0080)), "%3F"); // outside the code page: "?"
+    EXPECT_EQ(UrlEncodeChar(QChar(0x4E2D)), "%3F");
 }
 
 TEST(StringsTest, FoldAccentsOnlyGraveAcuteDiaeresisAndTwoLetters)
@@ -154,10 +159,51 @@ TEST(StringsTest, ScramblePasswordMatchesStoredForms)
     EXPECT_EQ(ScramblePassword(""), QString(10, QLatin1Char(' ')));
     // Only the first ten characters count.
     EXPECT_EQ(ScramblePassword("abcdefghijklmnop"), ScramblePassword("abcdefghij"));
-    EXPECT_EQ(ScramblePassword(QStringLiteral("€")), ScramblePassword("?"));
+    // A character outside the code page counts as '?'.
+    EXPECT_EQ(ScramblePassword(QStringLiteral("中")), ScramblePassword("?"));
 
     EXPECT_NE(ScramblePassword("secret"), ScramblePassword("Secret"));
     const QString form = ScramblePassword(QStringLiteral("Ñandú"));
     EXPECT_EQ(form.size(), 10);
-    EXPECT_EQ(QString::fromLatin1(form.toLatin1()), form); // survives a single-byte column
+    for (QChar c : form)
+        EXPECT_GE(Windows1252::ByteOf(c), 0) << "survives a single-byte column";
+}
+
+TEST(StringsTest, ScramblePasswordTakesTheCodesOfTheWesternCodePageBeyondLatin1)
+{
+    // The euro sign, the ligature and the curly quotes have codes 0x80..0x9F there, and the
+    // bytes 0x80..0x9F of a form come out as the code page's characters ("korvane" gives ‡).
+    EXPECT_EQ(ScramblePassword(QStringLiteral("€uro")), FromCodes({178, 17, 228, 167, 218, 12, 126, 176, 226, 212}));
+    EXPECT_EQ(ScramblePassword(QStringLiteral("Œuvre")), FromCodes({142, 113, 112, 122, 111, 44, 46, 48, 50, 52}));
+    EXPECT_EQ(ScramblePassword(QStringLiteral("“quoted”")), FromCodes({91, 225, 45, 79, 156, 213, 28, 212, 40, 240}));
+    EXPECT_EQ(ScramblePassword(QStringLiteral("‘x’")), FromCodes({51, 60, 116, 168, 10, 236, 78, 48, 146, 116}));
+    EXPECT_EQ(ScramblePassword("korvane"), FromCodes({135, 183, 182, 198, 253, 230, 17, 64, 108, 24}));
+    EXPECT_EQ(ScramblePassword("korvane").at(0), QChar(0x2021));
+}
+
+TEST(Windows1252Test, EveryByteHasOneCharacterAndBack)
+{
+    EXPECT_EQ(Windows1252::CharOf(0x80), QChar(0x20AC));
+    EXPECT_EQ(Windows1252::CharOf(0x8C), QChar(0x0152));
+    EXPECT_EQ(Windows1252::CharOf(0x93), QChar(0x201C));
+    EXPECT_EQ(Windows1252::CharOf(0x81), QChar(0x0081)) << "an unassigned byte keeps its code";
+    EXPECT_EQ(Windows1252::CharOf(0xE9), QChar(0x00E9));
+    for (int byte = 0; byte < 256; ++byte)
+        EXPECT_EQ(Windows1252::ByteOf(Windows1252::CharOf(static_cast<unsigned char>(byte))), byte) << byte;
+    EXPECT_EQ(Windows1252::ByteOf(QChar(0x0080)), -1) << "a control character the page replaced";
+    EXPECT_EQ(Windows1252::ByteOf(QChar(0x0100)), -1);
+
+    // Where Qt converts the code page (built with ICU), both agree on the 27 assigned bytes.
+    QStringDecoder system("windows-1252");
+    if (!system.isValid())
+        return;
+    int assigned = 0;
+    for (int byte = 0x80; byte < 0xA0; ++byte) {
+        const QString decoded = system.decode(QByteArray(1, static_cast<char>(byte)));
+        if (decoded.size() != 1 || decoded.at(0) == QChar::ReplacementCharacter || decoded.at(0).unicode() <= 0x9F)
+            continue;
+        ++assigned;
+        EXPECT_EQ(Windows1252::CharOf(static_cast<unsigned char>(byte)), decoded.at(0)) << byte;
+    }
+    EXPECT_EQ(assigned, 27);
 }

@@ -53,15 +53,24 @@ void ShellFixture::ClickMenu(const QString& caption)
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
+namespace {
+// Types each character as a key of its own; unlike QTest::keyClicks it is not limited to Latin-1.
+void Type(QWidget* field, const QString& text)
+{
+    for (QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+}
+
 bool ShellFixture::Login(const QString& user, const QString& password)
 {
     ClickMenu(QStringLiteral("Login"));
     auto* form = qobject_cast<PasswordForm*>(Form::Find(QStringLiteral("PasswordForm")));
     if (!form || !form->isVisible())
         return false;
-    QTest::keyClicks(form->Text1, user);
+    Type(form->Text1, user);
     QTest::keyClick(form->Text1, Qt::Key_Return);
-    QTest::keyClicks(form->Text2, password);
+    Type(form->Text2, password);
     QTest::keyClick(form->Text2, Qt::Key_Return);
     QCoreApplication::processEvents();
     return !Form::Find(QStringLiteral("PasswordForm")) && InitForm::Instance()->isVisible();

@@ -1,5 +1,7 @@
 #include "ShellFixture.h"
 #include "foundation/Globals.h"
+#include "foundation/Strings.h"
+#include "foundation/db/Database.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iUser.h"
 #include "kernelapi/iUsers.h"
@@ -53,6 +55,16 @@ TEST_F(MenuAndLogin, LoginEnablesTheMenuAndLogoutTakesItBack)
     EXPECT_TRUE(log.contains(QStringLiteral("OK: Korvane_Interface_v1_2_c.IFMenu.CmdMenu_Click: MT_OpenForm.")));
     EXPECT_TRUE(log.contains(QStringLiteral("OK: Korvane_Interface_v1_2_c.IFMenu.CmdMenu_Click: MT_Logout.")));
     EXPECT_TRUE(log.contains(QStringLiteral("OK: Korvane_Interface_v1_2_c.InitForm.MenuSelector_ObjectEvent: Opening form 'PasswordForm'")));
+}
+
+TEST_F(MenuAndLogin, AUserStoredInMixedCaseLogsInByTypingAPasswordOfTheWesternCodePage)
+{
+    auto users = Database::Open(station->DataDir() + QStringLiteral("User.MDB"));
+    users->Query(QStringLiteral("INSERT INTO Usuari (ID, Password, Privilege, Fails) VALUES (?, ?, 0, 0)"),
+                 {QStringLiteral("McKay"), ScramblePassword(QStringLiteral("5€ “Œuvre”"))});
+    ASSERT_TRUE(Start());
+    ASSERT_TRUE(Login(QStringLiteral("mckay"), QStringLiteral("5€ “Œuvre”")));
+    EXPECT_EQ(UserPanel()->ShownName(), QStringLiteral("McKay"));
 }
 
 TEST_F(MenuAndLogin, AWrongLoginClearsBothFieldsAndKeepsTheForm)
