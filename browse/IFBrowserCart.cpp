@@ -98,6 +98,7 @@ IFBrowserCart::~IFBrowserCart()
 {
     m_stop = true;
     ReleaseFamily();
+    modInterface::RemoveComponent(m_component);
 }
 
 void IFBrowserCart::BuildControls()
@@ -212,7 +213,7 @@ void IFBrowserCart::SetupDragDrop()
         m_component = std::make_shared<CComponent>();
         m_hover = std::make_shared<CComponent>();
         step(QStringLiteral("Setup drag & drop - B"));
-        m_component->SetName(QStringLiteral("CartBrowser"));
+        modInterface::AddComponent(QStringLiteral("CartBrowser"), m_component);
         m_hover->SetName(QStringLiteral("CartBrowser"));
         step(QStringLiteral("Setup drag & drop - C"));
         m_component->SetShareType(CComponent::ShareCart);

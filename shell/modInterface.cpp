@@ -4,6 +4,8 @@
 #include "foundation/Log.h"
 #include "foundation/ui/Dialogs.h"
 #include "shell/CInterface.h"
+#include "shell/components/CComponent.h"
+#include "shell/components/CComponents.h"
 #include <memory>
 
 namespace modInterface {
@@ -44,5 +46,22 @@ void NotifyDrag(const std::shared_ptr<CComponent>& component, qint32 notificatio
 {
     if (CInterface* ui = Interface())
         ui->Drag().NotifyMouse(component, notificationType, event);
+}
+
+void AddComponent(const QString& name, std::shared_ptr<CComponent>& component)
+{
+    if (CInterface* ui = Interface())
+        ui->Components().Add(name, component, CComponents::MakeUnique);
+    else
+        component->SetName(name);
+}
+
+void RemoveComponent(const std::shared_ptr<CComponent>& component)
+{
+    if (CInterface* ui = Interface())
+        ui->Components().Remove(component->Name());
+    QObject::disconnect(component.get(), &CComponent::DragDrop, nullptr, nullptr);
+    component->SetControl(nullptr);
+    component->SetSharedObject(nullptr);
 }
 }
