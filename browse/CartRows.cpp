@@ -22,8 +22,8 @@ const QString& TypeIcon(CartType type)
 BrowserRow Around(const QString& id, const QString& text)
 {
     BrowserRow row;
-    row.key = id + QStringLiteral("_Blank");
-    row.icon = BlankKey;
+    row.key = id + AroundSeparatorKey;
+    row.icon = AroundSeparatorKey;
     row.text = text;
     row.sub1 = text;
     row.sub2 = text;

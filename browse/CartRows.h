@@ -6,10 +6,13 @@ class iCart;
 
 // The rows a cart makes in the cart browser, keyed by kind: a blank entry, an unknown cart,
 // a cart row (icon the type number), and a separator's three rows (a row of points, the
-// separator's own row, an empty row; the two around it keyed with "_Blank").
+// separator's own row, an empty row; the two around it keyed with the ID and "_Blank").
+// The icon key tells the kind: the rows around a separator are not blank entries, so their
+// icon is "_Blank" (no picture), never "Blank", which a macro's ghost rule turns into ghosts.
 namespace CartRows {
 inline const QString BlankKey = QStringLiteral("Blank");
 inline const QString GhostKey = QStringLiteral("Ghost");
+inline const QString AroundSeparatorKey = QStringLiteral("_Blank");
 
 BrowserRow Blank();
 BrowserRow Ghost();

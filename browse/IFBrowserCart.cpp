@@ -91,6 +91,11 @@ IFBrowserCart::IFBrowserCart(QWidget* parent)
         SetupDragDrop();
         step(QStringLiteral("Init the running mode"));
         ListClear();
+        step(QStringLiteral("Set which type of carts will be displayed"));
+        m_allowSounds = m_allowMacros = m_allowControls = true;
+        step(QStringLiteral("Display misc"));
+        SetGrayed(false);
+        SetShowDiscControls(false);
     });
 }
 
@@ -98,6 +103,7 @@ IFBrowserCart::~IFBrowserCart()
 {
     m_stop = true;
     ReleaseFamily();
+    modInterface::RemoveComponent(m_component);
 }
 
 void IFBrowserCart::BuildControls()
@@ -184,13 +190,14 @@ void IFBrowserCart::BuildControls()
     TmrSignalArrows->setInterval(100);
 
     SetListColor(ListWhite);
-    ListView1->viewport()->installEventFilter(this);
+    for (QObject* reporter : DragReporters())
+        reporter->installEventFilter(this);
     ListView1->installEventFilter(this);
     TxtSearch->installEventFilter(this);
     connect(TmrArrow, &QTimer::timeout, this, &IFBrowserCart::TmrArrow_Timer);
     connect(TmrSignalArrows, &QTimer::timeout, this, &IFBrowserCart::TmrSignalArrows_Timer);
     connect(CmdStop, &QPushButton::clicked, this, &IFBrowserCart::Stop);
-    connect(CmdSearch, &QToolButton::clicked, this, &IFBrowserCart::OnSearch);
+    connect(CmdSearch, &QToolButton::clicked, this, [this] { Search(TxtSearch->text(), false, false); });
     connect(TxtSearch, &QLineEdit::returnPressed, this, &IFBrowserCart::OnSearch);
     connect(CmdSelected, &QToolButton::toggled, this, &IFBrowserCart::SetSelected);
     connect(CmdEject, &QToolButton::clicked, this, &IFBrowserCart::Eject);
@@ -212,7 +219,7 @@ void IFBrowserCart::SetupDragDrop()
         m_component = std::make_shared<CComponent>();
         m_hover = std::make_shared<CComponent>();
         step(QStringLiteral("Setup drag & drop - B"));
-        m_component->SetName(QStringLiteral("CartBrowser"));
+        modInterface::AddComponent(QStringLiteral("CartBrowser"), m_component);
         m_hover->SetName(QStringLiteral("CartBrowser"));
         step(QStringLiteral("Setup drag & drop - C"));
         m_component->SetShareType(CComponent::ShareCart);
@@ -885,11 +892,11 @@ bool IFBrowserCart::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        if (watched == ListView1->viewport())
+        if (DragReporters().contains(watched))
             OnMouse(static_cast<QMouseEvent*>(event), CDrag::MouseDown);
         break;
     case QEvent::MouseButtonRelease:
-        if (watched == ListView1->viewport())
+        if (DragReporters().contains(watched))
             OnMouse(static_cast<QMouseEvent*>(event), CDrag::MouseUp);
         break;
     case QEvent::MouseMove:
@@ -912,6 +919,12 @@ bool IFBrowserCart::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// The parts whose presses and releases the drag hears: the list, the title and the times.
+QList<QObject*> IFBrowserCart::DragReporters() const
+{
+    return {ListView1->viewport(), LblTitle, LblTotalTime, LblCursorTime};
 }
 
 void IFBrowserCart::OnMouse(QMouseEvent* event, int notification)

@@ -177,6 +177,7 @@ private:
     void SetListColor(const QColor& color);
     void SetQty();
     void RefreshTimings();
+    QList<QObject*> DragReporters() const;
     void OnMouse(QMouseEvent* event, int notification);
     void SimulateMouseMove(QMouseEvent* event);
     bool OnKey(int key);

@@ -1,6 +1,7 @@
 #include "browse/IFBrowserFamily.h"
 #include "browse/BrowserRowModel.h"
 #include "browse/BrowserView.h"
+#include "browse/DragOutOfProgram.h"
 #include "browse/FamilyRights.h"
 #include "browse/RowSearch.h"
 #include "browse/drag/CDrag.h"
@@ -15,14 +16,18 @@
 #include "shell/CInterface.h"
 #include "shell/components/CComponent.h"
 #include "shell/modInterface.h"
+#include <QApplication>
 #include <QCheckBox>
+#include <QDrag>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 const QString Object = QStringLiteral("IFBrowserFamily");
@@ -40,9 +45,17 @@ Dialogs::PopupLine MenuLine(const QString& text, const QString& key = {}, bool e
     return {heading ? u'-' + Tr(text.mid(1)) : Tr(text), key, {}, enabled};
 }
 
+Dialogs::PopupLine SubMenu(const QString& text, std::vector<Dialogs::PopupLine> lines)
+{
+    Dialogs::PopupLine line = MenuLine(text);
+    line.lines = std::move(lines);
+    return line;
+}
+
+// Three letters A to Z: the name followed by four digits is a cart ID.
 bool IsFamilyName(const QString& name)
 {
-    return name.size() == 3 && name[0].isLetter() && name[1].isLetter() && name[2].isLetter();
+    return name.size() == 3 && std::all_of(name.begin(), name.end(), [](QChar c) { return c >= u'A' && c <= u'Z'; });
 }
 
 QString ConfigText(const QString& key)
@@ -58,15 +71,20 @@ IFBrowserFamily::IFBrowserFamily(QWidget* parent)
 {
     setObjectName(QStringLiteral("IFBrowserFamily"));
     BuildControls();
-    m_component->SetName(QStringLiteral("FamilyBrowser"));
+    modInterface::AddComponent(QStringLiteral("FamilyBrowser"), m_component);
     m_component->SetShareType(CComponent::ShareFamily);
     m_component->SetControl(this);
     connect(m_component.get(), &CComponent::DragDrop, this, &IFBrowserFamily::Component_DragDrop);
+    // A family dragged out of the program goes on as the desktop's drag of its ID.
+    m_dragOut = new DragOutOfProgram(m_component, [this] { ListView1_OLEStartDrag(); }, this);
     if (Globals::Kernel())
         Init();
 }
 
-IFBrowserFamily::~IFBrowserFamily() = default;
+IFBrowserFamily::~IFBrowserFamily()
+{
+    modInterface::RemoveComponent(m_component);
+}
 
 void IFBrowserFamily::BuildControls()
 {
@@ -243,10 +261,15 @@ bool IFBrowserFamily::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == ListView1->viewport()) {
         if (event->type() == QEvent::MouseButtonPress) {
+            m_pressAt = static_cast<QMouseEvent*>(event)->position().toPoint();
             OnMouse(static_cast<QMouseEvent*>(event), CDrag::MouseDown);
         } else if (event->type() == QEvent::MouseMove) {
             auto* mouse = static_cast<QMouseEvent*>(event);
             OnMouse(mouse, CDrag::MouseMove);
+            if (m_oldDragDrop && OldStyleDragMove(*mouse)) {
+                m_pressAt.reset();
+                ListView1_OLEStartDrag();
+            }
             // A held button drags the family: the list must not move its selection meanwhile.
             return mouse->buttons() != Qt::NoButton;
         } else if (event->type() == QEvent::MouseButtonRelease) {
@@ -274,17 +297,49 @@ void IFBrowserFamily::OnMouse(QMouseEvent* event, int notification)
     if (notification == CDrag::MouseDown)
         m_component->SetControl(this);
     modInterface::NotifyDrag(m_component, notification, event);
+    if (notification == CDrag::MouseMove)
+        m_dragOut->Watch();
+}
+
+// In the old behaviour the list's own drag is the toolkit's, once a press: a row pressed and
+// moved past the platform's drag distance.
+bool IFBrowserFamily::OldStyleDragMove(const QMouseEvent& event) const
+{
+    return m_pressAt && (event.buttons() & Qt::LeftButton) && ListView1->indexAt(*m_pressAt).isValid()
+           && (event.position().toPoint() - *m_pressAt).manhattanLength() >= QApplication::startDragDistance();
+}
+
+void IFBrowserFamily::ListView1_OLEStartDrag()
+{
+    Guarded(Object, QStringLiteral("ListView1_OLEStartDrag"), [this] {
+        if (SelectedFamilyID().isEmpty())
+            return;
+        auto* data = new QMimeData;
+        ListView1_OLESetData(*data);
+        auto* drag = new QDrag(ListView1);
+        drag->setMimeData(data);
+        drag->exec(Qt::CopyAction);
+    });
+}
+
+void IFBrowserFamily::ListView1_OLESetData(QMimeData& data) const
+{
+    data.setText(SelectedFamilyID());
 }
 
 void IFBrowserFamily::ShowMenu(const QPoint& globalPos)
 {
     const QVector<Dialogs::PopupLine> lines{
-        MenuLine(QStringLiteral("-Family")), MenuLine(QStringLiteral("Edit..."), KeyEdit),
-        MenuLine(QStringLiteral("Populate"), KeyPopulate), MenuLine(QStringLiteral("-Delete")),
-        MenuLine(QStringLiteral("Are you sure?"), {}, false), MenuLine(QStringLiteral("No"), KeyCancel),
-        MenuLine(QStringLiteral("Yes"), KeyDelete), MenuLine(QStringLiteral("-Families")),
-        MenuLine(QStringLiteral("New family..."), KeyNewFamily), MenuLine(QStringLiteral("Populate"), KeyPopulateAll),
-        MenuLine(QStringLiteral("-Cancel")), MenuLine(QStringLiteral("Cancel"), KeyCancel)};
+        MenuLine(QStringLiteral("-Family")),
+        MenuLine(QStringLiteral("Edit..."), KeyEdit),
+        SubMenu(QStringLiteral("Delete"), {MenuLine(QStringLiteral("Are you sure?"), {}, false),
+                                           MenuLine(QStringLiteral("No"), KeyCancel), MenuLine(QStringLiteral("Yes"), KeyDelete)}),
+        MenuLine(QStringLiteral("Populate"), KeyPopulate),
+        MenuLine(QStringLiteral("-Families")),
+        MenuLine(QStringLiteral("New family..."), KeyNewFamily),
+        MenuLine(QStringLiteral("Populate"), KeyPopulateAll),
+        MenuLine(QStringLiteral("-Cancel")),
+        MenuLine(QStringLiteral("Cancel"), KeyCancel)};
     Dispatch(Dialogs::PopupMenu(lines, globalPos));
 }
 
@@ -305,19 +360,24 @@ void IFBrowserFamily::Dispatch(const QString& key)
     });
 }
 
-// Asks for a three-letter name that no family has, again until one is given or the box is
-// left empty, then for the description.
+// Asks for a name until the box is left empty or the name passes the test of its first cart
+// ID, then for the description. A family that exists already is refused by the kernel.
 void IFBrowserFamily::NewFamily()
 {
     QString name;
-    for (;;) {
+    do {
         name = Dialogs::InputBox(Tr(QStringLiteral("Enter the family name (3 letters). Example AAA"))).value_or(QString()).trimmed().toUpper();
-        if (name.isEmpty())
-            return;
-        if (IsFamilyName(name) && !m_families->Exists(name))
-            break;
-    }
+    } while (!name.isEmpty() && !FreeFamilyName(name));
+    if (name.isEmpty())
+        return;
     const std::optional<QString> description = Dialogs::InputBox(Tr(QStringLiteral("Enter the family description.")));
     if (description)
         m_families->Add(name, description->trimmed());
+}
+
+// The test of a new name on the cart ID it starts with, the name followed by "0000": that must
+// be a cart ID, and no cart may have it.
+bool IFBrowserFamily::FreeFamilyName(const QString& name)
+{
+    return IsFamilyName(name) && !Globals::Kernel()->Carts()->Exists(name + QStringLiteral("0000"));
 }

@@ -1,12 +1,16 @@
 #pragma once
+#include <QPoint>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 class BrowserRowModel;
 class BrowserView;
 class CComponent;
+class DragOutOfProgram;
 class QCheckBox;
 class QLineEdit;
+class QMimeData;
 class QMouseEvent;
 class QTimer;
 class QToolButton;
@@ -17,7 +21,7 @@ class iFamily;
 // The families the current user may see, each with the picture of its rights, and the one
 // chosen for the cart browser: Changed at each selection, Click once 200 ms after a run of
 // selections, so that a quick walk with the arrow keys loads the cart list once. A family is
-// dragged as a component of share type family.
+// dragged inside the program as a component of share type family, and out of it as text.
 class IFBrowserFamily : public QWidget
 {
     Q_OBJECT
@@ -49,6 +53,9 @@ public:
     void RaiseClick();
     // Opens the popup menu of the list and does what was chosen.
     void ShowMenu(const QPoint& globalPos);
+    // The desktop's drag of the selected family, which carries its ID as text.
+    void ListView1_OLEStartDrag();
+    void ListView1_OLESetData(QMimeData& data) const;
 
     BrowserView* ListView1;
     QLineEdit* Text1;
@@ -71,8 +78,10 @@ private:
     int SelectedRow() const;
     void OnSearch();
     void OnMouse(QMouseEvent* event, int notification);
+    bool OldStyleDragMove(const QMouseEvent& event) const;
     void Dispatch(const QString& key);
     void NewFamily();
+    static bool FreeFamilyName(const QString& name);
     std::shared_ptr<iFamily> SelectedFamily() const;
 
     BrowserRowModel* m_rows;
@@ -81,4 +90,6 @@ private:
     bool m_showAll = false;
     int m_filterLevel = 0;
     bool m_oldDragDrop = false;
+    DragOutOfProgram* m_dragOut;
+    std::optional<QPoint> m_pressAt; // until a press becomes the old behaviour's drag
 };

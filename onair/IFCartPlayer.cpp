@@ -148,7 +148,7 @@ IFCartPlayer::IFCartPlayer(QWidget* parent)
     // component outlives the deck in the registry; its Control then reads null.
     m_component = std::make_shared<CComponent>();
     m_component->SetControl(this);
-    modInterface::AddComponent(ComponentName, m_component, CComponents::MakeUnique);
+    modInterface::AddComponent(ComponentName, m_component);
     connect(m_component.get(), &CComponent::DragDrop, this, &IFCartPlayer::Component_DragDrop);
 }
 
@@ -156,7 +156,7 @@ IFCartPlayer::~IFCartPlayer()
 {
     for (const auto& connection : std::as_const(m_playerConnections))
         disconnect(connection);
-    modInterface::RemoveComponent(m_component->Name());
+    modInterface::RemoveComponent(m_component);
     m_component.reset();
 }
 

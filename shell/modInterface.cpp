@@ -48,18 +48,20 @@ void NotifyDrag(const std::shared_ptr<CComponent>& component, qint32 notificatio
         ui->Drag().NotifyMouse(component, notificationType, event);
 }
 
-bool AddComponent(const QString& name, std::shared_ptr<CComponent>& component, qint32 addType)
+void AddComponent(const QString& name, std::shared_ptr<CComponent>& component)
 {
     if (CInterface* ui = Interface())
-        return ui->Components().Add(name, component, addType);
-    if (component)
+        ui->Components().Add(name, component, CComponents::MakeUnique);
+    else
         component->SetName(name);
-    return false;
 }
 
-void RemoveComponent(const QString& name)
+void RemoveComponent(const std::shared_ptr<CComponent>& component)
 {
     if (CInterface* ui = Interface())
-        ui->Components().Remove(name);
+        ui->Components().Remove(component->Name());
+    QObject::disconnect(component.get(), &CComponent::DragDrop, nullptr, nullptr);
+    component->SetControl(nullptr);
+    component->SetSharedObject(nullptr);
 }
 }

@@ -18,11 +18,11 @@ int InterfaceStarted();
 // Reports a control's mouse event to the program's drag (CDrag::MouseDown, MouseMove or
 // MouseUp); outside the running program, where there is no drag, it does nothing.
 void NotifyDrag(const std::shared_ptr<CComponent>& component, qint32 notificationType, const QMouseEvent* event);
-// Adds a control's component to the program's registry (CComponents::Add with the add type)
-// so that others find it by name; the component's Name then says the name it got. Outside the
-// running program, where there is no registry, the component is only given the name.
-bool AddComponent(const QString& name, std::shared_ptr<CComponent>& component, qint32 addType);
-// Called by a control at its end: CComponents::Remove, which keeps the component, whose
-// Control is then null.
-void RemoveComponent(const QString& name);
+// Adds a control's component to the program's registry under the first free of name, name2,
+// name3..., which the component takes; outside the running program it only takes the name.
+void AddComponent(const QString& name, std::shared_ptr<CComponent>& component);
+// The control of a component goes away. The registry keeps its components until the program
+// ends, so the component lets go of the control, of the object it offered and of every
+// receiver of its DragDrop: a drag or a finder that still holds it reaches nothing.
+void RemoveComponent(const std::shared_ptr<CComponent>& component);
 }

@@ -5,6 +5,7 @@
 #include <QVector>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QWidget;
 
@@ -27,7 +28,8 @@ struct Box
 };
 
 // One line of a popup menu: a leading "-" makes a heading, "-" alone a separator; the key
-// names the owner and, after a point, the action.
+// names the owner and, after a point, the action. A line with lines of its own opens them as
+// a sub-menu.
 struct PopupLine
 {
     QString text;
@@ -37,6 +39,7 @@ struct PopupLine
     // A line that shows a check mark (checked or not); the mark is drawn when checked.
     bool checkable = false;
     bool checked = false;
+    std::vector<PopupLine> lines;
 };
 
 class Handler

@@ -28,6 +28,26 @@ QMessageBox::StandardButtons ToQt(Dialogs::Buttons buttons)
     return QMessageBox::Ok;
 }
 
+void AddLine(QMenu& menu, const Dialogs::PopupLine& line)
+{
+    if (line.text == QLatin1String("-")) {
+        menu.addSeparator();
+    } else if (line.text.startsWith(QLatin1Char('-'))) {
+        menu.addSection(line.text.mid(1));
+    } else if (!line.lines.empty()) {
+        QMenu* sub = menu.addMenu(line.text);
+        sub->setEnabled(line.enabled);
+        for (const auto& subLine : line.lines)
+            AddLine(*sub, subLine);
+    } else {
+        QAction* action = menu.addAction(line.text);
+        action->setData(line.key);
+        action->setEnabled(line.enabled);
+        action->setCheckable(line.checkable);
+        action->setChecked(line.checked);
+    }
+}
+
 Dialogs::Answer FromQt(int button)
 {
     switch (button) {
@@ -60,19 +80,8 @@ std::optional<QString> WidgetDialogs::InputBox(const QString& prompt, const QStr
 QString WidgetDialogs::PopupMenu(const QVector<Dialogs::PopupLine>& lines, const QPoint& globalPos)
 {
     QMenu menu;
-    for (const auto& line : lines) {
-        if (line.text == QLatin1String("-")) {
-            menu.addSeparator();
-        } else if (line.text.startsWith(QLatin1Char('-'))) {
-            menu.addSection(line.text.mid(1));
-        } else {
-            QAction* action = menu.addAction(line.text);
-            action->setData(line.key);
-            action->setEnabled(line.enabled);
-            action->setCheckable(line.checkable);
-            action->setChecked(line.checked);
-        }
-    }
+    for (const auto& line : lines)
+        AddLine(menu, line);
     QAction* chosen = menu.exec(globalPos);
     return chosen ? chosen->data().toString() : QString();
 }

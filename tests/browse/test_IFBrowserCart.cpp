@@ -308,6 +308,18 @@ TEST_F(CartBrowserTest, AMacroEndsWithAGhostRowWhereCartsAreAdded)
     EXPECT_EQ(browser->LblQty->text(), QStringLiteral("1/3"));
 }
 
+TEST_F(CartBrowserTest, ASeparatorAtTheEndOfAMacroKeepsItsRowsWhenACartFollows)
+{
+    SaveCart(QStringLiteral("CON0010"), CartType::Separator, QStringLiteral("Second part"));
+    browser->AppendByName(QStringLiteral("JIN0001"), false, false);
+    browser->AppendByName(QStringLiteral("CON0010"), false, false);
+    EXPECT_EQ(Keys(), QStringList({"JIN0001", "CON0010_Blank", "CON0010", "CON0010_Blank", "Ghost"}));
+    EXPECT_EQ(browser->LblQty->text(), QStringLiteral("4/5"));
+    browser->AppendByName(QStringLiteral("MUS0001"), false, false);
+    EXPECT_EQ(Keys(), QStringList({"JIN0001", "CON0010_Blank", "CON0010", "CON0010_Blank", "MUS0001", "Ghost"}));
+    EXPECT_EQ(browser->LblQty->text(), QStringLiteral("5/6"));
+}
+
 TEST_F(CartBrowserTest, AStoredMacroShowsItsEntriesAndACartDroppedOnTheEmptyBrowserOpensIt)
 {
     browser->SetAcceptMacros(true);

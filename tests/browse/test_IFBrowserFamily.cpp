@@ -9,6 +9,7 @@
 #include "kernelapi/iFamily.h"
 #include "shell/components/CComponent.h"
 #include <QCheckBox>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
@@ -107,15 +108,20 @@ TEST_F(FamilyBrowserTest, SearchLooksAtIDsAndDescriptions)
     EXPECT_EQ(browser->SelectedFamilyID(), QStringLiteral("PAU")) << "a family that is not listed selects nothing";
 }
 
-TEST_F(FamilyBrowserTest, NewFamilyAsksUntilTheNameIsThreeFreeLetters)
+TEST_F(FamilyBrowserTest, NewFamilyAsksAgainUntilTheNameMakesAFreeFirstCartID)
 {
     dialogs->popupChoices.push_back(QStringLiteral("IFBrowserFamily.CFamilies.NewFamily"));
-    dialogs->inputs = {QStringLiteral("AB"), QStringLiteral("MUS"), QStringLiteral("pod"), QStringLiteral("Podcasts")};
+    dialogs->inputs = {QStringLiteral("AB"), QStringLiteral("MES"), QStringLiteral("pod"), QStringLiteral("Podcasts")};
     browser->ShowMenu(QPoint());
-    EXPECT_EQ(dialogs->prompts.size(), 4);
+    EXPECT_EQ(dialogs->prompts.size(), 4) << "AB0000 is no cart ID and MES0000 is a cart";
     ASSERT_TRUE(kernel->Families()->Exists(QStringLiteral("POD")));
     EXPECT_EQ(kernel->Families()->Item(QStringLiteral("POD"))->Description(), QStringLiteral("Podcasts"));
     EXPECT_TRUE(Keys().contains(QStringLiteral("POD"))) << "its maker may write it, so it is listed";
+
+    dialogs->popupChoices.push_back(QStringLiteral("IFBrowserFamily.CFamilies.NewFamily"));
+    dialogs->inputs = {QStringLiteral("MUS"), QStringLiteral("Twice")};
+    browser->ShowMenu(QPoint());
+    EXPECT_EQ(kernel->Families()->Item(QStringLiteral("MUS"))->Description(), QStringLiteral("Music")) << "the kernel refuses a family that exists";
 
     dialogs->popupChoices.push_back(QStringLiteral("IFBrowserFamily.CFamilies.NewFamily"));
     dialogs->inputs = {QStringLiteral("")};
@@ -123,7 +129,7 @@ TEST_F(FamilyBrowserTest, NewFamilyAsksUntilTheNameIsThreeFreeLetters)
     EXPECT_EQ(kernel->Families()->Count(), 10) << "an empty name cancels";
 }
 
-TEST_F(FamilyBrowserTest, DeleteAndTheMenuLines)
+TEST_F(FamilyBrowserTest, TheMenuLinesInTheirOrderAndDelete)
 {
     browser->SetSelectedFamilyID(QStringLiteral("TMP"));
     dialogs->popupChoices.push_back(QStringLiteral("IFBrowserFamily.CFamily.Delete"));
@@ -131,16 +137,30 @@ TEST_F(FamilyBrowserTest, DeleteAndTheMenuLines)
     EXPECT_FALSE(kernel->Families()->Exists(QStringLiteral("TMP")));
     EXPECT_FALSE(Keys().contains(QStringLiteral("TMP")));
     ASSERT_EQ(dialogs->menus.size(), 1);
-    QStringList keys;
+    QStringList lines;
     for (const auto& line : dialogs->menus[0])
-        keys << line.key;
-    EXPECT_TRUE(keys.contains(QStringLiteral("IFBrowserFamily.CFamily.Edit")));
-    EXPECT_TRUE(keys.contains(QStringLiteral("IFBrowserFamily.CFamily.Populate")));
-    EXPECT_TRUE(keys.contains(QStringLiteral("IFBrowserFamily.CFamilies.Populate")));
+        lines << line.text + QLatin1Char(' ') + line.key;
+    EXPECT_EQ(lines, QStringList({"-Family ", "Edit... IFBrowserFamily.CFamily.Edit", "Delete ",
+                                  "Populate IFBrowserFamily.CFamily.Populate", "-Families ",
+                                  "New family... IFBrowserFamily.CFamilies.NewFamily",
+                                  "Populate IFBrowserFamily.CFamilies.Populate", "-Cancel ", "Cancel Cancel"}));
+    QStringList sure;
+    for (const auto& line : dialogs->menus[0][2].lines)
+        sure << line.text + QLatin1Char(' ') + line.key;
+    EXPECT_EQ(sure, QStringList({"Are you sure? ", "No Cancel", "Yes IFBrowserFamily.CFamily.Delete"}));
+
     dialogs->popupChoices.push_back(QStringLiteral("IFBrowserFamily.CFamily.Edit"));
     browser->ShowMenu(QPoint());
     ASSERT_EQ(dialogs->boxes.size(), 1);
     EXPECT_EQ(dialogs->boxes[0].text, QStringLiteral("Not implemented"));
+}
+
+TEST_F(FamilyBrowserTest, TheDesktopsDragCarriesTheFamilyIDAsText)
+{
+    browser->SetSelectedFamilyID(QStringLiteral("PUB"));
+    QMimeData data;
+    browser->ListView1_OLESetData(data);
+    EXPECT_EQ(data.text(), QStringLiteral("PUB"));
 }
 
 TEST_F(FamilyBrowserTest, NoReadableFamilyRaisesEmpty)
