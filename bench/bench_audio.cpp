@@ -3,6 +3,7 @@
 #include "kernel/KernelLog.h"
 #include "kernel/audio/AudioEngine.h"
 #include "kernel/audio/CartPlayer.h"
+#include "kernel/audio/ChannelMix.h"
 #include "kernel/audio/Channels.h"
 #include "kernel/audio/NullDevice.h"
 #include "kernel/audio/SoundDecoder.h"
