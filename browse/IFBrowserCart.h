@@ -19,6 +19,7 @@ class QTimer;
 class QToolButton;
 class UCProgressBar;
 class iCart;
+class iCarts;
 class iFamily;
 class iMacro;
 
@@ -154,6 +155,9 @@ private:
         QStringList selected;
     };
 
+    static inline const QString Object = QStringLiteral("IFBrowserCart");
+    static std::shared_ptr<iCarts> KernelCarts();
+
     void BuildControls();
     void SetupDragDrop();
     void HoldFamily(const std::shared_ptr<iFamily>& family);
@@ -175,6 +179,8 @@ private:
     void PushArrow(int row, const QString& icon);
     void RefreshSignalArrows(bool show);
     void SetListColor(const QColor& color);
+    // White, or gray when Grayed.
+    void RestoreListColor();
     void SetQty();
     void RefreshTimings();
     QList<QObject*> DragReporters() const;
