@@ -1,7 +1,7 @@
 #include "browse/IFBrowserCart.h"
 #include "browse/BrowserRowModel.h"
 #include "browse/BrowserView.h"
-#include "browse/CartRows.h"
+#include "browse/MacroRows.h"
 #include "browse/RowSearch.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
@@ -159,16 +159,12 @@ bool IFBrowserCart::Available(const iCart& cart) const
 
 bool IFBrowserCart::Useful(int row) const
 {
-    const BrowserRow& r = m_rows->Row(row);
-    return !r.key.isEmpty() && r.icon != CartRows::GhostKey;
+    return MacroRows::Useful(m_rows->Row(row));
 }
 
 int IFBrowserCart::UsefulCount() const
 {
-    int useful = 0;
-    for (int row = 0; row < m_rows->Count(); ++row)
-        useful += Useful(row) ? 1 : 0;
-    return useful;
+    return MacroRows::UsefulCount(*m_rows);
 }
 
 bool IFBrowserCart::IsEmpty() const
@@ -302,10 +298,7 @@ void IFBrowserCart::RefreshTimings()
         LblCursorTime->clear();
         return;
     }
-    const int selected = SelectedRow();
-    qint64 cursor = 0;
-    for (int row = 0; row < selected; ++row)
-        cursor += m_rows->Row(row).ms;
+    const qint64 cursor = MacroRows::MsBefore(*m_rows, SelectedRow());
     LblCursorTime->setText(MsToHuman(qint32(std::min<qint64>(cursor, INT32_MAX))));
 }
 

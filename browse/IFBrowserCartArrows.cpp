@@ -58,11 +58,11 @@ void IFBrowserCart::SetSignalArrowsEnabled(bool enabled)
         return;
     if (enabled) {
         m_signalArrows.emplace();
-        m_signalCount = 0;
         TmrSignalArrows->start();
         return;
     }
-    RefreshSignalArrows(false);
+    if (m_signalArrowsVisible)
+        m_signalArrows->Refresh(*m_rows, false);
     m_signalArrows.reset();
     TmrSignalArrows->stop();
 }
@@ -73,8 +73,7 @@ void IFBrowserCart::AddSignalArrow(const QString& cartID, qint32 color)
         LogWarn(Object, QStringLiteral("AddSignalArrow"), QStringLiteral("I was called but mode was not active"));
         return;
     }
-    const int row = m_rows->Find(cartID);
-    m_signalArrows->insert(cartID, CSignalArrow(cartID, color, row < 0 ? QString() : m_rows->Row(row).icon));
+    m_signalArrows->Add(*m_rows, cartID, color);
 }
 
 void IFBrowserCart::ClearSignalArrows()
@@ -86,20 +85,6 @@ void IFBrowserCart::ClearSignalArrows()
 
 void IFBrowserCart::TmrSignalArrows_Timer()
 {
-    m_signalCount = (m_signalCount + 1) % 10;
-    if (m_signalCount == 1)
-        RefreshSignalArrows(false);
-    else if (m_signalCount == 2)
-        RefreshSignalArrows(true);
-}
-
-void IFBrowserCart::RefreshSignalArrows(bool show)
-{
-    if (!m_signalArrows || !m_signalArrowsVisible)
-        return;
-    for (const CSignalArrow& arrow : std::as_const(*m_signalArrows)) {
-        const int row = m_rows->Find(arrow.CartID());
-        if (row >= 0)
-            m_rows->SetIcon(row, show ? arrow.ArrowIcon() : arrow.SavedIcon());
-    }
+    if (m_signalArrows)
+        m_signalArrows->Tick(*m_rows, m_signalArrowsVisible);
 }

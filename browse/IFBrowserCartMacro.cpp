@@ -3,6 +3,7 @@
 #include "browse/BrowserRowModel.h"
 #include "browse/BrowserView.h"
 #include "browse/CartRows.h"
+#include "browse/MacroRows.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Tr.h"
 #include "kernelapi/iCart.h"
@@ -10,14 +11,6 @@
 #include "kernelapi/iMacro.h"
 #include "kernelapi/iMacroItem.h"
 #include <QLabel>
-
-void IFBrowserCart::AddCart(int at, const iCart* cart)
-{
-    std::vector<BrowserRow> rows;
-    CartRows::Append(rows, cart);
-    for (BrowserRow& row : rows)
-        m_rows->Insert(at++, std::move(row));
-}
 
 void IFBrowserCart::LoadMacroByName(const QString& cartID)
 {
@@ -78,24 +71,7 @@ void IFBrowserCart::New()
 
 void IFBrowserCart::ParseGhost(bool selectGhost, int rowToShow)
 {
-    const int count = m_rows->Count();
-    bool needGhost = count == 0 && m_mode != FamilyMode;
-    int firstGhost = -1;
-    if (count > 0) {
-        for (int row = 0; row < count; ++row)
-            if (m_rows->Row(row).icon == CartRows::GhostKey)
-                m_rows->SetIcon(row, CartRows::BlankKey);
-        int row = count - 1;
-        for (; row >= 0 && m_rows->Row(row).icon == CartRows::BlankKey; --row) {
-            m_rows->SetIcon(row, CartRows::GhostKey);
-            firstGhost = row;
-        }
-        needGhost = row == count - 1 && m_mode != FamilyMode;
-    }
-    if (needGhost) {
-        m_rows->Append({CartRows::Ghost()});
-        firstGhost = count;
-    }
+    const int firstGhost = MacroRows::ParseGhost(*m_rows, MayAddGhost());
     if (selectGhost)
         ListView1->SelectRow(firstGhost);
     else if (rowToShow >= 1)
@@ -105,12 +81,7 @@ void IFBrowserCart::ParseGhost(bool selectGhost, int rowToShow)
 void IFBrowserCart::ParseUnGhost()
 {
     ListView1->selectionModel()->clear();
-    while (m_rows->Count() > 0) {
-        const QString& icon = m_rows->Row(m_rows->Count() - 1).icon;
-        if (icon != CartRows::BlankKey && icon != CartRows::GhostKey)
-            break;
-        m_rows->Remove(m_rows->Count() - 1);
-    }
+    MacroRows::ParseUnGhost(*m_rows);
 }
 
 void IFBrowserCart::DeleteSelectedItem()
@@ -119,8 +90,9 @@ void IFBrowserCart::DeleteSelectedItem()
     ArrowPop();
     if (row < 0)
         return;
-    m_rows->Remove(row);
-    ParseGhost(false, row + 1);
+    MacroRows::Delete(*m_rows, row, MayAddGhost());
+    // The row that took its place, or the last.
+    ListView1->SelectRow(std::min(row, m_rows->Count() - 1));
     SetQty();
     RefreshTimings();
 }
@@ -129,8 +101,7 @@ void IFBrowserCart::InsertDummyItem()
 {
     const int row = SelectedRow();
     ArrowPop();
-    m_rows->Insert(row < 0 ? m_rows->Count() : row, CartRows::Blank());
-    ParseGhost(false, 0);
+    MacroRows::InsertBlank(*m_rows, row, MayAddGhost());
     SetQty();
 }
 
@@ -157,9 +128,8 @@ void IFBrowserCart::AppendByName(const QString& cartID, bool atArrow, bool atSel
         else if (atSelection && SelectedRow() >= 0)
             at = SelectedRow();
         ArrowPop();
-        ParseUnGhost();
-        AddCart(std::min(at, m_rows->Count()), cart.get());
-        ParseGhost(false, 0);
+        ListView1->selectionModel()->clear();
+        MacroRows::Insert(*m_rows, at, cart.get(), MayAddGhost());
         SetQty();
         RefreshTimings();
     });
