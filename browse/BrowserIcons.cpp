@@ -106,6 +106,7 @@ QHash<QString, Drawing> Drawings()
         {QStringLiteral("4"), Separator()},
         {QStringLiteral("-1"), Tile(QColor(200, 50, 50), u'?')},
         {QStringLiteral("Blank"), [](QPainter&) {}},
+        {QStringLiteral("_Blank"), [](QPainter&) {}},
         {QStringLiteral("Ghost"), Ghost()},
         {QStringLiteral("BlueArrow"), Arrow(QColor(40, 120, 240))},
         {QStringLiteral("RedArrow"), Arrow(QColor(225, 40, 40))},

@@ -8,7 +8,8 @@ class iCart;
 // a cart row (icon the type number), and a separator's three rows (a row of points, the
 // separator's own row, an empty row; the two around it keyed with the ID and "_Blank").
 // The icon key tells the kind: the rows around a separator are not blank entries, so their
-// icon is "_Blank" (no picture), never "Blank", which a macro's ghost rule turns into ghosts.
+// icon key is "_Blank" (drawn empty, as a blank's), never "Blank", which the ghost rule of a
+// macro takes for a ghost at the end of the list.
 namespace CartRows {
 inline const QString BlankKey = QStringLiteral("Blank");
 inline const QString GhostKey = QStringLiteral("Ghost");

@@ -1,7 +1,6 @@
 #pragma once
 #include "browse/BrowserView.h"
-#include "browse/CSignalArrow.h"
-#include <QMap>
+#include "browse/SignalArrows.h"
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
@@ -19,6 +18,7 @@ class QTimer;
 class QToolButton;
 class UCProgressBar;
 class iCart;
+class iCarts;
 class iFamily;
 class iMacro;
 
@@ -154,8 +154,25 @@ private:
         QStringList selected;
     };
 
-    void BuildControls();
+    static inline const QString Object = QStringLiteral("IFBrowserCart");
+    static std::shared_ptr<iCarts> KernelCarts();
+
+    // IFBrowserCart.cpp: set-up, selection, labels and search.
     void SetupDragDrop();
+    void ListClear();
+    int SelectedRow() const;
+    QStringList SelectedKeys() const;
+    int TopRow() const;
+    void PerformSelection();
+    void SetListColor(const QColor& color);
+    // White, or gray when Grayed.
+    void RestoreListColor();
+    void SetQty();
+    void RefreshTimings();
+    void OnSearch();
+    // IFBrowserCartLayout.cpp
+    void BuildControls();
+    // IFBrowserCartFamily.cpp: the family fill.
     void HoldFamily(const std::shared_ptr<iFamily>& family);
     void ReleaseFamily();
     void FillFamily(const std::shared_ptr<iFamily>& family);
@@ -164,24 +181,17 @@ private:
     void EndFilling();
     void Family_ChangedContents();
     void Family_SlightlyChangedContents();
-    void ListClear();
     ViewState RememberView() const;
     void RestoreView(const ViewState& view);
-    void AddCart(int at, const iCart* cart);
-    int SelectedRow() const;
-    QStringList SelectedKeys() const;
-    int TopRow() const;
-    void PerformSelection();
+    // IFBrowserCartMacro.cpp: the macro under edit, over MacroRows.
+    bool MayAddGhost() const { return m_mode != FamilyMode; }
+    // IFBrowserCartArrows.cpp: the hover arrow, and the signal arrows over SignalArrows.
     void PushArrow(int row, const QString& icon);
-    void RefreshSignalArrows(bool show);
-    void SetListColor(const QColor& color);
-    void SetQty();
-    void RefreshTimings();
+    // IFBrowserCartInput.cpp: mouse and keys.
     QList<QObject*> DragReporters() const;
     void OnMouse(QMouseEvent* event, int notification);
     void SimulateMouseMove(QMouseEvent* event);
     bool OnKey(int key);
-    void OnSearch();
 
     BrowserRowModel* m_rows;
     int m_mode = NothingLoaded;
@@ -198,9 +208,8 @@ private:
     bool m_signalArrowsVisible = true;
     bool m_stop = false;
     bool m_filling = false;
-    int m_signalCount = 0;
     std::optional<Arrow> m_arrow;
-    std::optional<QMap<QString, CSignalArrow>> m_signalArrows;
+    std::optional<SignalArrows> m_signalArrows;
     std::shared_ptr<iFamily> m_family;
     std::shared_ptr<iFamily> m_pendingFamily; // asked for while a fill ran
     std::shared_ptr<iMacro> m_macro;

@@ -67,8 +67,10 @@ protected:
     }
     void TearDown() override
     {
-        window.hide();
-        // The tests that follow in this process find no interface and no registry of this one.
+        // The tests that follow in this process find no window of the workstation under the
+        // pointer, and no interface or registry of this one.
+        for (QWidget* top : QApplication::topLevelWidgets())
+            top->hide();
         modInterface::StopInterface();
     }
 
