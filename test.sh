@@ -1,19 +1,15 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test: unit, widget, end-to-end, and a
-# bounded fuzzing run of the parsers. ./test.sh --sanitize builds with ASan + UBSan.
+# bounded fuzzing run of the parsers. The test build is sanitised (ASan + UBSan): a report
+# from either fails the run.
 set -euo pipefail
 cd "$(dirname "$0")"
 source scripts/common.sh
 ensure_packages
 
-build=build/debug
-cmake_args=()
-if [ "${1:-}" = "--sanitize" ]; then
-  build=build/sanitize
-  cmake_args=(-DKORVANE_SANITIZE=ON)
-  export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1
-  export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-fi
+build=build/test
+export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1
+export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 
 # Fuzz the parsers of outside data for a bounded time, from the corpus kept in the repo. The
 # unit, widget and end-to-end tests run last, so that their summary closes the output.
@@ -30,7 +26,7 @@ if [ "${KORVANE_FUZZ_SECONDS:-20}" -gt 0 ] && command -v clang++ >/dev/null; the
   done
 fi
 
-configure_and_build "$build" Debug "${cmake_args[@]}" --
+configure_and_build "$build" Debug -DKORVANE_SANITIZE=ON --
 # The data-access and kernel-store tests run on SQLite and on this server; it stops on exit.
 start_private_postgres -c fsync=off -c synchronous_commit=off
 ctest --test-dir "$build" --output-on-failure -j"$(nproc)" --timeout 300

@@ -1,4 +1,5 @@
 #include "browse/IFBrowserCart.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include "browse/BrowserRowModel.h"
 #include "browse/BrowserView.h"
 #include "browse/MacroRows.h"
@@ -63,6 +64,7 @@ IFBrowserCart::IFBrowserCart(QWidget* parent)
 
 IFBrowserCart::~IFBrowserCart()
 {
+    SilenceDescendants(*this);
     m_stop = true;
     ReleaseFamily();
     modInterface::RemoveComponent(m_component);

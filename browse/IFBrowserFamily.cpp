@@ -1,4 +1,5 @@
 #include "browse/IFBrowserFamily.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include "browse/BrowserRowModel.h"
 #include "browse/BrowserView.h"
 #include "browse/DragOutOfProgram.h"
@@ -83,6 +84,7 @@ IFBrowserFamily::IFBrowserFamily(QWidget* parent)
 
 IFBrowserFamily::~IFBrowserFamily()
 {
+    SilenceDescendants(*this);
     modInterface::RemoveComponent(m_component);
 }
 

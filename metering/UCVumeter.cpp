@@ -1,4 +1,5 @@
 #include "metering/UCVumeter.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include "foundation/ErrorGuard.h"
 #include "metering/MeterLamp.h"
 #include "metering/Rounding.h"
@@ -31,6 +32,11 @@ UCVumeter::UCVumeter(QWidget* parent)
     PeakR->setObjectName(QStringLiteral("PeakR"));
     for (UCSingleVumeter* bar : {VuLeft, VuRight})
         connect(bar, &UCSingleVumeter::Click, this, [this] { m_vumeter.LevelReset(); });
+}
+
+UCVumeter::~UCVumeter()
+{
+    SilenceDescendants(*this);
 }
 
 void UCVumeter::SetChannel(std::shared_ptr<iChannel> channel)

@@ -17,6 +17,7 @@ class UCVumeter : public QWidget
     Q_OBJECT
 public:
     explicit UCVumeter(QWidget* parent = nullptr);
+    ~UCVumeter() override;
 
     std::shared_ptr<iChannel> Channel() const { return m_vumeter.Channel(); }
     // Binds the channel and calibrates both bars from the meter settings.

@@ -1,4 +1,5 @@
 #include "onair/IFCartPlayer.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include "browse/drag/CDrag.h"
 #include "browse/drag/CMouseController.h"
 #include "foundation/ErrorGuard.h"
@@ -154,6 +155,7 @@ IFCartPlayer::IFCartPlayer(QWidget* parent)
 
 IFCartPlayer::~IFCartPlayer()
 {
+    SilenceDescendants(*this);
     for (const auto& connection : std::as_const(m_playerConnections))
         disconnect(connection);
     modInterface::RemoveComponent(m_component);

@@ -1,6 +1,7 @@
 #include "shell/Form.h"
 #include "shell/CInterface.h"
 #include "shell/modInterface.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include <QCloseEvent>
 
 namespace {
@@ -22,6 +23,7 @@ Form::Form(const QString& name, QWidget* parent)
 
 Form::~Form()
 {
+    SilenceDescendants(*this);
     Registry().removeAll(this);
     Registry().removeAll(nullptr);
 }

@@ -1,4 +1,5 @@
 #include "shell/IFMenu.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Log.h"
@@ -33,7 +34,10 @@ IFMenu::IFMenu(QWidget* parent)
     });
 }
 
-IFMenu::~IFMenu() = default;
+IFMenu::~IFMenu()
+{
+    SilenceDescendants(*this);
+}
 
 QPushButton* IFMenu::CmdMenu(int k) const
 {

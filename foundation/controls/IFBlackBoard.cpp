@@ -1,4 +1,5 @@
 #include "foundation/controls/IFBlackBoard.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include "foundation/controls/PrintBoard.h"
 #include "foundation/controls/VolmarPannel.h"
 #include <QColor>
@@ -39,6 +40,11 @@ IFBlackBoard::IFBlackBoard(QWidget* parent)
     connect(Board, &PrintBoard::PressedAt, this, [this](double x) { m_secondColumn = x; });
     SetColor(0);
     SetCaption(QStringLiteral("Title"));
+}
+
+IFBlackBoard::~IFBlackBoard()
+{
+    SilenceDescendants(*this);
 }
 
 void IFBlackBoard::SetCaption(const QString& caption)

@@ -12,6 +12,7 @@ class IFBlackBoard : public QWidget
     Q_OBJECT
 public:
     explicit IFBlackBoard(QWidget* parent = nullptr);
+    ~IFBlackBoard() override;
 
     QString Caption() const { return m_caption; }
     void SetCaption(const QString& caption);

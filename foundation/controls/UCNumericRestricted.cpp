@@ -1,4 +1,5 @@
 #include "foundation/controls/UCNumericRestricted.h"
+#include "foundation/ui/SilenceDescendants.h"
 #include "foundation/Strings.h"
 #include "foundation/controls/ArrowPictures.h"
 #include "foundation/controls/UCButton.h"
@@ -43,6 +44,11 @@ UCNumericRestricted::UCNumericRestricted(QWidget* parent)
     connect(&m_tmrDelay, &QTimer::timeout, this, &UCNumericRestricted::TmrDelay_Timer);
     SetBoxColor(Accepted);
     resize(120, 26);
+}
+
+UCNumericRestricted::~UCNumericRestricted()
+{
+    SilenceDescendants(*this);
 }
 
 void UCNumericRestricted::SetValue(qint32 value)

@@ -15,6 +15,7 @@ class UCNumericRestricted : public QWidget
     Q_OBJECT
 public:
     explicit UCNumericRestricted(QWidget* parent = nullptr);
+    ~UCNumericRestricted() override;
 
     qint32 Value() const { return m_value; }
     // Held to the limits; raises the events only when the stored value changes.
