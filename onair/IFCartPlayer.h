@@ -2,6 +2,7 @@
 #include "metering/CVumeter.h"
 #include "metering/TickGuard.h"
 #include "onair/CueSpeed.h"
+#include "onair/DeckStatusTable.h"
 #include <QColor>
 #include <QHash>
 #include <QList>
@@ -146,7 +147,7 @@ private:
     void ConnectPlayer();
     bool RequirePlayer(const QString& procedure) const;
     void GrabStatus(qint32 status);
-    void ApplyStatusRow(qint32 status);
+    void ApplyStatusRow(qint32 status, const DeckStatusTable::Row& row);
     void ApplyUnknownStatus();
     void ReadColors();
     void GrabTitle(const QString& title);
