@@ -10,8 +10,8 @@ function(korvane_library name dir)
 endfunction()
 
 # korvane_test(NAME DIR LIBS...) makes one GoogleTest executable from a test folder and
-# registers its cases with CTest. The shared test main puts widget tests on the offscreen
-# platform with headless dialogs.
+# registers each of its cases with CTest, and the whole program as one more test. The shared
+# test main puts widget tests on the offscreen platform with headless dialogs.
 function(korvane_test name dir)
   find_package(GTest REQUIRED)
   file(GLOB _src CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/*.h)
@@ -21,4 +21,7 @@ function(korvane_test name dir)
   target_compile_definitions(${name} PRIVATE KORVANE_BUILD_DIR="${PROJECT_BINARY_DIR}")
   include(GoogleTest)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+  # The whole program once more in one process, in a shuffled order: no test may lean on the
+  # order of the others or on a fresh process.
+  add_test(NAME ${name}.AllInOneShuffled COMMAND ${name} --gtest_shuffle)
 endfunction()
