@@ -127,10 +127,7 @@ void InitForm::Form_Initialize()
 
 void InitForm::TouchChannels(Step& step)
 {
-    // Once per process: every channel object is reached once, which starts the audio engine.
-    static bool touched = false;
-    if (touched)
-        return;
+    // Every channel object is reached once, which starts the audio engine of the kernel.
     step(QStringLiteral("Channels.Loop"));
     auto channels = Globals::Kernel()->Channels();
     for (int i = 1; i <= channels->Count(); ++i)
@@ -138,7 +135,6 @@ void InitForm::TouchChannels(Step& step)
     step(QStringLiteral("Channels.Rec"));
     step(QStringLiteral("Channels.Play1"));
     step(QStringLiteral("Channels.Play2"));
-    touched = true;
 }
 
 void InitForm::PlaceMenu()

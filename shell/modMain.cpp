@@ -1,6 +1,7 @@
 #include "shell/modMain.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
+#include "foundation/Log.h"
 #include "foundation/ui/Dialogs.h"
 #include "shell/Form.h"
 #include "shell/FrmLoadProgress.h"
@@ -38,6 +39,9 @@ void TearDown()
     for (Form* form : Form::OpenForms())
         delete form;
     Globals::Data().Close();
+    // The kernel and its logger go when their last holder lets go of them.
+    Globals::SetKernel(nullptr);
+    Log::SetLogger(nullptr);
 }
 
 void SetProcessEnder(std::function<void(int)> ender) { Ender() = std::move(ender); }
@@ -52,6 +56,7 @@ int EndedWith() { return g_endedWith; }
 
 bool Main()
 {
+    g_endedWith = -1;
     bool running = false;
     GuardedWith(QStringLiteral("Main"), [&](Step&) {
         auto* progress = new FrmLoadProgress;

@@ -11,8 +11,9 @@ void EndApplication();
 // FinishApp, then EndApplication.
 void UnloadApplication();
 
-// Stops the interface, deletes every open form and closes the shared recordsets, so that
-// nothing of the interface outlives the application object.
+// Stops the interface, deletes every open form, closes the shared recordsets and lets go of
+// the kernel and the logger, so that nothing of the interface outlives the application object
+// and Main may run again in the same process.
 void TearDown();
 
 // How the process ends: by default the process exits with the code; tests record it instead.

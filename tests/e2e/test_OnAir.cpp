@@ -5,6 +5,7 @@
 #include "browse/IFBrowserCart.h"
 #include "browse/IFBrowserFamily.h"
 #include "e2e/WorkstationSteps.h"
+#include "e2e/WorkstationTest.h"
 #include "foundation/Ini.h"
 #include "foundation/controls/UCButton.h"
 #include "kernel/audio/AudioEngine.h"
@@ -28,6 +29,7 @@
 #include <gtest/gtest.h>
 
 using namespace WorkstationSteps;
+using OnAir = WorkstationTest;
 
 namespace {
 constexpr qint32 Ready = static_cast<qint32>(CartPlayerStatus::Ready);
@@ -87,9 +89,8 @@ void DragRowOntoDeck(QTreeView* list, const QString& id, IFCartPlayer* deck)
 }
 }
 
-TEST(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
+TEST_F(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
 {
-    TempStation station;
     WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), station.KernelIniFile());
     WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), station.KernelIniFile());
     int ended = -1;

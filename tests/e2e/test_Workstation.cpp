@@ -2,6 +2,7 @@
 // out and leave, with real mouse and key events; and the real executable on a folder that is
 // no station. The walk photographs each screen into build/screenshots.
 #include "e2e/WorkstationSteps.h"
+#include "e2e/WorkstationTest.h"
 #include "foundation/ui/ScriptedDialogs.h"
 #include "metering/IFChannelMonitor.h"
 #include "shell/ConfigForm.h"
@@ -30,10 +31,10 @@ QString BuildDir()
 }
 
 using namespace WorkstationSteps;
+using Workstation = WorkstationTest;
 
-TEST(Workstation, LogsInOpensAScreenLogsOutAndLeaves)
+TEST_F(Workstation, LogsInOpensAScreenLogsOutAndLeaves)
 {
-    TempStation station;
     int ended = -1;
     ScriptedDialogs* dialogs = Start(ended);
     Photograph(InitForm::Instance(), QStringLiteral("menu-logged-out"));
@@ -90,7 +91,7 @@ TEST(Workstation, LogsInOpensAScreenLogsOutAndLeaves)
         EXPECT_TRUE(text.contains(QString::fromLatin1(step))) << step;
 }
 
-TEST(Workstation, TheExecutableEndsWhenTheFolderIsNoStation)
+TEST(Executable, EndsWhenTheFolderIsNoStation)
 {
     QTemporaryDir empty;
     QProcess program;

@@ -149,12 +149,20 @@ TEST_F(KernelTest, OperationsOfLaterWorkSayTheyAreNotAvailable)
     EXPECT_EQ(Failure([&] { kernel->Shout(QString()); }), "CKernel.Shout: not available");
 }
 
-TEST(KernelServer, GivesOneLoggerAndOneRootForTheStationOfTheEnvironment)
+TEST(KernelServer, GivesOneLoggerAndOneRootWhileHeldAndOpensTheStationOfTheEnvironmentAnewAfterwards)
 {
-    TempStation station; // names itself in KORVANE_STATION
-    const auto logger = KernelServer::ObtainLogger();
-    EXPECT_EQ(logger, KernelServer::ObtainLogger());
+    QString firstIni;
+    {
+        TempStation station; // names itself in KORVANE_STATION
+        const auto logger = KernelServer::ObtainLogger();
+        EXPECT_EQ(logger, KernelServer::ObtainLogger());
+        const auto kernel = KernelServer::ObtainKernel();
+        EXPECT_EQ(kernel, KernelServer::ObtainKernel());
+        EXPECT_EQ(kernel->Station()->IniFile(), station.IniFile());
+        firstIni = station.IniFile();
+    }
+    TempStation second;
     const auto kernel = KernelServer::ObtainKernel();
-    EXPECT_EQ(kernel, KernelServer::ObtainKernel());
-    EXPECT_EQ(kernel->Station()->IniFile(), station.IniFile());
+    EXPECT_EQ(kernel->Station()->IniFile(), second.IniFile());
+    EXPECT_NE(second.IniFile(), firstIni);
 }

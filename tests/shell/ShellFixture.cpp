@@ -22,8 +22,11 @@ void ShellFixture::SetUp()
     modMain::SetProcessEnder([this](int code) { endedWith.append(code); });
 }
 
+// The workstation ends as the program's end ends it, so that the next test of the process
+// starts one of its own on its own station.
 void ShellFixture::TearDown()
 {
+    modMain::TearDown();
     for (QWidget* window : QApplication::topLevelWidgets())
         window->hide();
 }

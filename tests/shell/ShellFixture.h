@@ -10,8 +10,7 @@ class InitForm;
 class QPushButton;
 
 // A demo station, scripted dialogs and a recorded process end: the workstation runs inside
-// the test process as main runs it. Each test case runs in a process of its own, so the
-// kernel root and the forms are fresh.
+// the test process as main runs it, and ends with the test as the program's end ends it.
 class ShellFixture : public ::testing::Test
 {
 protected:
