@@ -1,4 +1,5 @@
 #include "browse/BrowseControls.h"
+#include "editing/EditingControls.h"
 #include "foundation/ui/Dialogs.h"
 #include "metering/MeteringControls.h"
 #include "onair/OnAirControls.h"
@@ -18,6 +19,7 @@ int main(int argc, char* argv[])
     Registry::RegisterShell();
     Metering::RegisterControls(Registry::Register);
     Browse::RegisterControls(Registry::Register);
+    Editing::RegisterControls(Registry::Register);
     OnAir::RegisterControls(Registry::Register);
     if (!modMain::Main())
         return modMain::EndedWith() < 0 ? 1 : modMain::EndedWith();

@@ -2,6 +2,7 @@
 // need one, SQL drivers and timers need the event loop), headless dialogs, and the shell's
 // form registry.
 #include "browse/BrowseControls.h"
+#include "editing/EditingControls.h"
 #include "foundation/ui/Dialogs.h"
 #include "metering/MeteringControls.h"
 #include "onair/OnAirControls.h"
@@ -21,6 +22,7 @@ int main(int argc, char** argv)
     Registry::RegisterShell();
     Metering::RegisterControls(Registry::Register);
     Browse::RegisterControls(Registry::Register);
+    Editing::RegisterControls(Registry::Register);
     OnAir::RegisterControls(Registry::Register);
     ::testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();

@@ -1,0 +1,14 @@
+#pragma once
+#include <QString>
+#include <functional>
+
+class QWidget;
+
+// The controls of this folder that screens create by class name
+// ("Korvane_Interface.IFCartRecorder", "Korvane_Interface.IFCartEraser",
+// "Korvane_Interface.IFCartIDSelector"). Each is handed to `add` with its factory; the
+// application passes its registry's Register.
+namespace Editing {
+using ControlFactory = std::function<QWidget*(QWidget* parent)>;
+void RegisterControls(const std::function<void(const QString& name, ControlFactory factory)>& add);
+}
