@@ -19,6 +19,8 @@ constexpr double Lamp = 390;
 void IFCartEraser::CreateControls()
 {
     m_places = std::make_unique<PanelPlaces>(QSizeF(PanelWidth, PanelHeight));
+    // The keys draw their whole face; the tool buttons inside them only hold the pictures.
+    setStyleSheet(QStringLiteral("QToolButton { background: transparent; border: none; padding: 0px; margin: 0px; }"));
     ImgStatus = new QLabel(this);
     ImgStatus->setObjectName(QStringLiteral("ImgStatus"));
     LblTitle = new TapeWindow(this);

@@ -201,6 +201,7 @@ void IFCartRecorder::GrabLabels()
             LblTime->setText(m_title);
         } else {
             LblTitle->setText(m_titleIDMode ? shownName : m_title);
+            LblTime->setText(m_time);
         }
     });
 }

@@ -21,6 +21,8 @@ constexpr double KeyHeight = 495;
 void IFCartRecorder::CreateControls()
 {
     m_places = std::make_unique<PanelPlaces>(QSizeF(PanelWidth, PanelHeight));
+    // The keys draw their whole face; the tool buttons inside them only hold the pictures.
+    setStyleSheet(QStringLiteral("QToolButton { background: transparent; border: none; padding: 0px; margin: 0px; }"));
     ImgLoadState = new QLabel(this);
     ImgLoadState->setObjectName(QStringLiteral("ImgLoadState"));
     ImgRecordingState = new QLabel(this);

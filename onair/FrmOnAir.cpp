@@ -1,6 +1,8 @@
 #include "onair/FrmOnAir.h"
 #include "browse/IFBrowserCart.h"
 #include "browse/IFBrowserFamily.h"
+#include "editing/IFCartEraser.h"
+#include "editing/IFCartRecorder.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/ui/TranslateWidgets.h"
 #include "metering/IFVumeters.h"
@@ -67,11 +69,27 @@ QWidget* FrmOnAir::BuildDecks()
         IFCartPlayer1[static_cast<size_t>(k)] = deck;
         layout->addWidget(deck);
     }
-    layout->addStretch(1);
+    layout->addWidget(BuildRecorderRow(column));
     LevelPannel = new IFVumeters(column);
     LevelPannel->setObjectName(QStringLiteral("LevelPannel"));
     layout->addWidget(LevelPannel, 3);
     return column;
+}
+
+QWidget* FrmOnAir::BuildRecorderRow(QWidget* parent)
+{
+    auto* row = new QWidget(parent);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    IFCartRecorder1 = new IFCartRecorder(row);
+    IFCartRecorder1->setObjectName(QStringLiteral("IFCartRecorder1"));
+    IFCartEraser1 = new IFCartEraser(row);
+    IFCartEraser1->setObjectName(QStringLiteral("IFCartEraser1"));
+    layout->addWidget(IFCartRecorder1);
+    layout->addWidget(IFCartEraser1);
+    // A strip under the decks: the meters below keep their room.
+    row->setMaximumHeight(IFCartRecorder1->sizeHint().height() * 3 / 4);
+    return row;
 }
 
 void FrmOnAir::WireControls()
@@ -80,6 +98,9 @@ void FrmOnAir::WireControls()
     connect(IFBrowserFamily1, &IFBrowserFamily::IWantTheKeys, this, [this](bool wanted) { m_preventShortCuts = wanted; });
     connect(IFBrowserCart1, &IFBrowserCart::IWantTheKeys, this, [this](bool wanted) { m_preventShortCuts = wanted; });
     connect(CmdExit, &QToolButton::clicked, this, &Form::Unload);
+    // Blank on the recorder proposes a new cart in the family chosen in the family browser.
+    connect(IFCartRecorder1, &IFCartRecorder::RequestBlankTape, this,
+            [this](QString& familyID, QString&) { familyID = IFBrowserFamily1->SelectedFamilyID(); }, Qt::DirectConnection);
     // The old-style drag, for a browser set to it: the ID travels by the toolkit's drag and
     // the drop on a deck reaches the deck's Drop.
     setAcceptDrops(true);
@@ -98,11 +119,19 @@ void FrmOnAir::dragEnterEvent(QDragEnterEvent* event)
 void FrmOnAir::dropEvent(QDropEvent* event)
 {
     Guarded(Object, QStringLiteral("DragDrop"), [&] {
-        IFCartPlayer* deck = DeckAt(event->position().toPoint());
-        if (!m_oldStyleDrag.Dragging() || !deck)
+        if (!m_oldStyleDrag.Dragging())
             return;
-        const QPointF at = deck->mapFrom(this, event->position());
-        deck->Drop(m_oldStyleDrag.CartID(), float(at.x() * Twips::PerPixel), float(at.y() * Twips::PerPixel));
+        const QPoint at = event->position().toPoint();
+        if (IFCartPlayer* deck = DeckAt(at)) {
+            const QPointF inside = deck->mapFrom(this, event->position());
+            deck->Drop(m_oldStyleDrag.CartID(), float(inside.x() * Twips::PerPixel), float(inside.y() * Twips::PerPixel));
+        } else if (Contains(IFCartRecorder1, at)) {
+            IFCartRecorder1->Drop(m_oldStyleDrag.CartID());
+        } else if (Contains(IFCartEraser1, at)) {
+            IFCartEraser1->Drop(m_oldStyleDrag.CartID());
+        } else {
+            return;
+        }
         event->acceptProposedAction();
     });
 }
@@ -110,9 +139,14 @@ void FrmOnAir::dropEvent(QDropEvent* event)
 IFCartPlayer* FrmOnAir::DeckAt(const QPoint& at) const
 {
     for (IFCartPlayer* deck : IFCartPlayer1)
-        if (deck->rect().contains(deck->mapFrom(this, at)))
+        if (Contains(deck, at))
             return deck;
     return nullptr;
+}
+
+bool FrmOnAir::Contains(const QWidget* widget, const QPoint& at) const
+{
+    return widget->rect().contains(widget->mapFrom(this, at));
 }
 
 void FrmOnAir::Form_Load()
@@ -125,6 +159,11 @@ void FrmOnAir::Form_Load()
             IFCartPlayer1[static_cast<size_t>(k)]->SetChannelName(QStringLiteral("A"));
             IFCartPlayer1[static_cast<size_t>(k)]->SetStreamIndex(k + 1);
         }
+        step(QStringLiteral("Recorder"));
+        // Until the kernel gives the stream its recorder, the binding warns and the panel
+        // stays empty.
+        IFCartRecorder1->SetChannelName(QStringLiteral("Rec"));
+        IFCartRecorder1->SetStreamIndex(1);
         step(QStringLiteral("Levels"));
         LevelPannel->Init();
     });

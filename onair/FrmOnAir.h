@@ -4,6 +4,8 @@
 #include <array>
 
 class IFBrowserCart;
+class IFCartEraser;
+class IFCartRecorder;
 class IFBrowserFamily;
 class IFCartPlayer;
 class IFVumeters;
@@ -11,7 +13,7 @@ class QLabel;
 class QToolButton;
 
 // The first on-air page: the family and cart browsers on the left, the two decks of channel
-// "A" and the meter row on the right. A family chosen in the family browser fills the cart
+// "A", the recorder of channel "Rec" beside the eraser, and the meter row on the right. A family chosen in the family browser fills the cart
 // browser; a cart dragged from the list onto a deck plays there. The page stands until the
 // full Live screen takes its place.
 class FrmOnAir : public Form
@@ -25,6 +27,8 @@ public:
     IFBrowserFamily* IFBrowserFamily1;
     IFBrowserCart* IFBrowserCart1;
     std::array<IFCartPlayer*, DeckCount> IFCartPlayer1;
+    IFCartRecorder* IFCartRecorder1;
+    IFCartEraser* IFCartEraser1;
     IFVumeters* LevelPannel;
     QLabel* CartLabel;
     QToolButton* CmdExit;
@@ -43,9 +47,11 @@ protected:
 private:
     QWidget* BuildBrowsers();
     QWidget* BuildDecks();
+    QWidget* BuildRecorderRow(QWidget* parent);
     void WireControls();
 
     IFCartPlayer* DeckAt(const QPoint& at) const;
+    bool Contains(const QWidget* widget, const QPoint& at) const;
 
     bool m_preventShortCuts = false;
     COldStyleDrag m_oldStyleDrag;

@@ -207,3 +207,16 @@ TEST_F(RecorderTest, BoundByNameToTheRecordingChannelItBindsOrWarnsButNeverFails
     if (!byName.CartRecorder())
         EXPECT_FALSE(log->lines.filter(QStringLiteral("WARN IFCartRecorder.BindByName")).isEmpty());
 }
+
+TEST_F(RecorderTest, APanelBoundToARunningRecorderShowsItsTimeAtOnce)
+{
+    auto running = std::make_shared<ScriptedRecorder>();
+    running->ShowTape(iCartRecorder::Loaded, QStringLiteral("NEW0004"), QStringLiteral("Interview"));
+    running->Become(iCartRecorder::Recording);
+    running->Tick(QStringLiteral("00:01:27"));
+    panel->SetCartRecorder(running);
+    panel->Init();
+    EXPECT_EQ(Time(), QStringLiteral("00:01:27"));
+    EXPECT_EQ(panel->RecordingStatePicture(), QStringLiteral("Recording"));
+    EXPECT_EQ(QStringList({"NEW0004", "Interview"}).count(Title()), 1);
+}
