@@ -14,6 +14,7 @@
 #include "kernelapi/iFamilies.h"
 #include "kernelapi/iFamily.h"
 #include "kernelapi/iSound.h"
+#include "kernelapi/iSoundFile.h"
 #include "kernelapi/iStream.h"
 #include "kernelapi/iStreams.h"
 #include "support/TempStation.h"
