@@ -12,8 +12,8 @@
 #include "kernelapi/iStreams.h"
 #include "tools/StationBuilder.h"
 #include "tools/StationOptions.h"
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -66,13 +66,13 @@ double ProcessCpuSeconds()
     return static_cast<double>(cpu.tv_sec) + static_cast<double>(cpu.tv_nsec) / 1e9;
 }
 
-// Lets the UI thread run (the engine's drain, the recorder's announcement) for a while.
+// Lets the UI thread's event loop run (the engine's drain, the recorder's announcement) for a
+// while, idle between its events.
 void RunFor(int ms)
 {
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < ms)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
 }
 }
 

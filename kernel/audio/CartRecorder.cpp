@@ -135,6 +135,7 @@ void CartRecorder::BeginTake()
         throw;
     }
     m_takePath = path;
+    m_inputSeen = m_engine->Active(m_channel);
     Capture().SetMode(Capture::Mode::Running);
     m_engine->WakeCaptureWriter();
 }
@@ -242,11 +243,15 @@ void CartRecorder::AnnounceRecording()
     Publish(m_recording);
 }
 
+// A device is lost when it ran during the take and runs no more; one that has not opened yet
+// (it opens on the device thread) is not.
 void CartRecorder::CheckTake()
 {
+    const bool active = m_engine->Active(m_channel);
+    m_inputSeen = m_inputSeen || active;
     if (Capture().Failed()) {
         Abandon(Capture().Failure());
-    } else if (!m_engine->Active(m_channel)) {
+    } else if (m_inputSeen && !active) {
         m_log.Error(Object, QStringLiteral("Record"),
                     QStringLiteral("The input device '%1' went away during the recording into %2: the take ends with what was captured")
                         .arg(m_engine->DeviceName(m_channel), m_target->CartID()));

@@ -87,6 +87,7 @@ private:
     qint32 m_announcedLoad = Free;
     qint32 m_announcedRecording = Stopped;
     bool m_announcePending = false;
+    bool m_inputSeen = false; // the input device ran during the take
     QString m_takePath;
     QString m_name;
     QString m_time;
