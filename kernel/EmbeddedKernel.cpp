@@ -80,9 +80,11 @@ EmbeddedKernel::~EmbeddedKernel()
 
 std::shared_ptr<iChannels> EmbeddedKernel::Channels()
 {
-    if (!m_channels)
+    if (!m_channels) {
         m_channels = std::make_shared<::Channels>(AudioSettings::Read(m_station->Folder().KernelIni(), m_log), m_log,
                                                   [this](const QString& cartID) { return MacroByID(cartID); });
+        m_channels->SetCatalogue(m_cartWorld);
+    }
     return m_channels;
 }
 

@@ -29,6 +29,8 @@ public:
 
     // What notices other workstations' writes; its timer ticks once a second.
     StoreWatcher& Watcher() const { return *m_watcher; }
+    // The carts' shared state, for channels that a test opens over this kernel.
+    std::shared_ptr<CartWorld> World() const { return m_cartWorld; }
 
     std::shared_ptr<iFiles> Files() override;
     std::shared_ptr<iChannels> Channels() override;

@@ -96,7 +96,21 @@ QString StationFiles::KernelIniText()
         "[Channel_Rec]\n"
         "Device=null\n"
         "Streams=1\n"
-        "Direction=record\n");
+        "Direction=record\n"
+        "\n"
+        "; How the recorder writes its takes: Format=wav (16-bit PCM) or mp2 (MPEG Layer II at\n"
+        "; BitRate kbit/s), Channels=1 or 2, at the SampleRate above.\n"
+        "[Record]\n"
+        "Format=wav\n"
+        "Channels=2\n"
+        "BitRate=256\n"
+        "\n"
+        "; What a recording channel on the Null device hears: Source=silence, tone (a sine of\n"
+        "; Frequency Hz at Level dBFS) or file (File, relative to the station, played once).\n"
+        "[NullInput]\n"
+        "Source=tone\n"
+        "Frequency=1000\n"
+        "Level=-18\n");
 }
 
 void StationFiles::WriteText(const QString& path, const QString& text)

@@ -1,4 +1,5 @@
 #include "kernel/audio/AudioEngine.h"
+#include "kernel/audio/CaptureWriter.h"
 #include "kernel/audio/ChannelMix.h"
 #include "kernel/audio/DeviceHost.h"
 #include "kernel/audio/DeviceOpener.h"
@@ -20,6 +21,7 @@ AudioEngine::AudioEngine(AudioSettings settings, KernelLog log, DeviceFactory de
     BuildSlots(devices ? std::move(devices) : DefaultDevices());
     m_voices = FindVoices();
     m_disk = std::make_unique<DiskWorkers>(m_voices, m_settings.virtualClock ? 0 : DiskWorkerCount);
+    BuildCaptureWriter();
     StartDevices();
     if (m_settings.virtualClock)
         return;
@@ -35,6 +37,7 @@ AudioEngine::~AudioEngine()
     for (auto& slot : m_slots)
         slot->Stop();
     m_disk.reset();
+    m_captureWriter.reset();
 }
 
 void AudioEngine::BuildChannels()
@@ -73,19 +76,38 @@ void AudioEngine::BuildSlots(DeviceFactory devices)
             channels.push_back({m_settings.channels[channel].name, &Channel(channel)});
             m_slotOfChannel[static_cast<std::size_t>(channel)] = static_cast<int>(i);
         }
-        m_slots.push_back(std::make_unique<DeviceSlot>(request, std::move(channels), devices, clock, m_log));
+        const DeviceFactory& open = AudioSettings::IsNullDevice(request.name) ? NullDevices() : devices;
+        m_slots.push_back(std::make_unique<DeviceSlot>(request, std::move(channels), open, clock, m_log));
     }
 }
 
 // On the virtual clock every device is a Null device that the engine advances.
 DeviceFactory AudioEngine::DefaultDevices() const
 {
-    if (!m_settings.virtualClock)
-        return DeviceOpener();
-    return [](const DeviceRequest& request) -> std::unique_ptr<AudioDevice> {
-        return std::make_unique<NullDevice>(request.sampleRate, request.periodFrames, request.records ? 2 : 0,
-                                            NullDevice::Clock::Virtual);
+    return m_settings.virtualClock ? NullDevices() : DeviceFactory(DeviceOpener());
+}
+
+// Null devices of the engine's clock that hear the station's Null input.
+DeviceFactory AudioEngine::NullDevices() const
+{
+    const auto clock = m_settings.virtualClock ? NullDevice::Clock::Virtual : NullDevice::Clock::RealTime;
+    return [clock, input = m_settings.nullInput, log = m_log](const DeviceRequest& request) -> std::unique_ptr<AudioDevice> {
+        auto device = std::make_unique<NullDevice>(request.sampleRate, request.periodFrames, request.records ? 2 : 0, clock);
+        if (request.records)
+            device->SetInput(std::make_unique<NullInput>(input, request.sampleRate, log));
+        return device;
     };
+}
+
+// On the real-time clock the writer passes every half period (at least every ms).
+void AudioEngine::BuildCaptureWriter()
+{
+    std::vector<Capture*> captures;
+    for (const auto& channel : m_channels)
+        for (int s = 0; channel->Records() && s < channel->StreamCount(); ++s)
+            captures.push_back(&channel->CaptureOf(s));
+    const int passMs = std::max(1, m_settings.periodFrames * 1000 / m_settings.sampleRate / 2);
+    m_captureWriter = std::make_unique<CaptureWriter>(std::move(captures), passMs, !m_settings.virtualClock);
 }
 
 // On the real-time clock the devices open on the device thread, without keeping the UI
@@ -176,6 +198,11 @@ void AudioEngine::WakeDisk()
     m_disk->Wake();
 }
 
+void AudioEngine::WakeCaptureWriter()
+{
+    m_captureWriter->Wake();
+}
+
 void AudioEngine::Advance(std::int64_t frames)
 {
     if (!m_settings.virtualClock)
@@ -185,6 +212,7 @@ void AudioEngine::Advance(std::int64_t frames)
         m_disk->FillAll();
         for (auto& slot : m_slots)
             slot->Advance(period);
+        m_captureWriter->WriteAll(VirtualWriteFrames);
         m_virtualFrames += period;
         for (auto& slot : m_slots)
             slot->Watch(VirtualMs());

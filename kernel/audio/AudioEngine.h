@@ -10,6 +10,7 @@
 #include <vector>
 
 class AudioDevice;
+class CaptureWriter;
 class ChannelMix;
 class DeviceHost;
 class DeviceSlot;
@@ -33,6 +34,9 @@ public:
     static constexpr int DrainMs = 10;
     // Threads that open and decode files on a real-time clock.
     static constexpr int DiskWorkerCount = 4;
+    // On the virtual clock captured audio goes to its file in blocks of at least this many
+    // frames (and whatever is left when a take ends).
+    static constexpr int VirtualWriteFrames = 8192;
 
     // devices opens the configured devices (not "null"); by default, on the virtual clock a
     // Null device each, on the real-time clock JACK clients and PortAudio devices.
@@ -63,6 +67,8 @@ public:
     void Unlisten(EngineListener* listener);
     // Lets the disk workers open files and top the rings up now.
     void WakeDisk();
+    // A take has begun on a capture: its writer keeps up from now on.
+    void WakeCaptureWriter();
     // On a virtual clock, voices open their files on the calling thread, at once.
     bool PreparesSynchronously() const { return m_settings.virtualClock; }
     // Events the voices posted and events handed to listeners; once every thread is quiet, the
@@ -82,6 +88,8 @@ private:
     void BuildChannels();
     void BuildSlots(DeviceFactory devices);
     DeviceFactory DefaultDevices() const;
+    DeviceFactory NullDevices() const;
+    void BuildCaptureWriter();
     void StartDevices();
     std::int64_t VirtualMs() const;
     void Dispatch(const EngineEvent& event);
@@ -97,6 +105,7 @@ private:
     std::int64_t m_virtualFrames = 0;
     std::vector<Voice*> m_voices;
     std::unique_ptr<DiskWorkers> m_disk;
+    std::unique_ptr<CaptureWriter> m_captureWriter;
     std::vector<EngineEvent> m_collected;
     std::vector<EngineListener*> m_listenerOfVoice;
     std::vector<EngineListener*> m_listeners;

@@ -1,6 +1,8 @@
 #include "kernel/audio/AudioSettings.h"
 #include "foundation/Ini.h"
 #include "kernel/KernelLog.h"
+#include <QDir>
+#include <QFileInfo>
 
 namespace {
 const QString Object = QStringLiteral("AudioSettings");
@@ -34,6 +36,44 @@ bool Records(const IniFile& ini, const QString& section, const KernelLog& log)
     return false;
 }
 
+// A key whose value is one of the given words (in any case), as its index; an absent or
+// unknown value gives 0, the unknown one with an ERROR line.
+int Choice(const IniFile& ini, const QString& section, const QString& key, const QStringList& words, const KernelLog& log)
+{
+    const QString text = ini.Value(section, key).trimmed().toLower();
+    if (text.isEmpty())
+        return 0;
+    if (words.contains(text))
+        return int(words.indexOf(text));
+    log.Error(Object, QStringLiteral("Read"),
+              QStringLiteral("[%1] %2=%3 is not one of %4; %5 is used").arg(section, key, text, words.join(QStringLiteral(", ")), words.first()));
+    return 0;
+}
+
+RecordFormat ReadRecordFormat(const IniFile& ini, const KernelLog& log)
+{
+    const QString section = QStringLiteral("Record");
+    RecordFormat format;
+    format.container = static_cast<RecordFormat::Container>(
+        Choice(ini, section, QStringLiteral("Format"), {QStringLiteral("wav"), QStringLiteral("mp2")}, log));
+    format.channels = Number(ini, section, QStringLiteral("Channels"), format.channels, 1, 2, log);
+    format.bitRateKbps = Number(ini, section, QStringLiteral("BitRate"), format.bitRateKbps, 32, 384, log);
+    return format;
+}
+
+NullInput::Settings ReadNullInput(const IniFile& ini, const QString& stationRoot, const KernelLog& log)
+{
+    const QString section = QStringLiteral("NullInput");
+    NullInput::Settings input;
+    input.kind = static_cast<NullInput::Settings::Kind>(
+        Choice(ini, section, QStringLiteral("Source"), {QStringLiteral("silence"), QStringLiteral("tone"), QStringLiteral("file")}, log));
+    input.toneHz = Number(ini, section, QStringLiteral("Frequency"), int(input.toneHz), 20, 20000, log);
+    input.toneDb = Number(ini, section, QStringLiteral("Level"), int(input.toneDb), -100, 0, log);
+    const QString file = ini.Value(section, QStringLiteral("File")).trimmed();
+    input.file = file.isEmpty() ? QString() : QDir(stationRoot).absoluteFilePath(file);
+    return input;
+}
+
 AudioSettings::Channel ReadChannel(const IniFile& ini, const QString& section, const KernelLog& log)
 {
     AudioSettings::Channel channel;
@@ -63,6 +103,8 @@ AudioSettings AudioSettings::Read(const QString& kernelIni, const KernelLog& log
             channels << ReadChannel(ini, section, log);
     if (!channels.isEmpty())
         settings.channels = channels;
+    settings.record = ReadRecordFormat(ini, log);
+    settings.nullInput = ReadNullInput(ini, QFileInfo(kernelIni).absolutePath(), log);
     return settings;
 }
 

@@ -4,8 +4,11 @@
 ChannelMix::ChannelMix(int streams, bool records, int firstVoiceId, int sampleRate)
     : m_records(records), m_bus(Voice::MaxRenderFrames * 2), m_meter(sampleRate)
 {
-    for (int i = 0; i < streams; ++i)
+    for (int i = 0; i < streams; ++i) {
         m_streams.push_back(std::make_unique<StreamMix>(firstVoiceId + i * StreamMix::VoiceCount, sampleRate, !records));
+        if (records)
+            m_captures.push_back(std::make_unique<::Capture>(sampleRate));
+    }
 }
 
 void ChannelMix::Process(const float* input, int inputChannels, float* output, int frames)
@@ -16,6 +19,8 @@ void ChannelMix::Process(const float* input, int inputChannels, float* output, i
             m_meter.Measure(input, inputChannels, frames);
         else
             m_meter.Measure(m_bus.data(), frames);
+        for (auto& capture : m_captures)
+            capture->Receive(input, inputChannels, frames);
         return;
     }
     for (auto& stream : m_streams)

@@ -1,4 +1,5 @@
 #pragma once
+#include "kernel/audio/Capture.h"
 #include "kernel/audio/PeakMeter.h"
 #include "kernel/audio/StreamMix.h"
 #include <atomic>
@@ -18,6 +19,8 @@ public:
     int StreamCount() const { return static_cast<int>(m_streams.size()); }
     StreamMix& Stream(int index) { return *m_streams[static_cast<std::size_t>(index)]; }
     const PeakMeter& Meter() const { return m_meter; }
+    // The capture of a stream of a recording channel.
+    ::Capture& CaptureOf(int stream) { return *m_captures[static_cast<std::size_t>(stream)]; }
     // How many voice numbers the channel takes.
     int VoiceCount() const { return m_records ? 0 : StreamCount() * StreamMix::VoiceCount; }
 
@@ -33,6 +36,7 @@ public:
 private:
     const bool m_records;
     std::vector<std::unique_ptr<StreamMix>> m_streams;
+    std::vector<std::unique_ptr<::Capture>> m_captures; // recording channels only
     std::vector<float> m_bus;
     PeakMeter m_meter;
     std::atomic<std::uint64_t> m_gaps{0};

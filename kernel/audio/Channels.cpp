@@ -8,12 +8,13 @@
 
 Channels::Channels(const AudioSettings& settings, const KernelLog& log, PlayQueue::MacroSource macros, DeviceFactory devices)
     : m_engine(std::make_shared<AudioEngine>(settings, log, std::move(devices))),
-      m_macros(std::make_shared<PlayQueue::MacroSource>(std::move(macros)))
+      m_macros(std::make_shared<PlayQueue::MacroSource>(std::move(macros))),
+      m_catalogue(std::make_shared<CartRecorder::Catalogue>())
 {
     for (int c = 0; c < m_engine->ChannelCount(); ++c) {
         std::vector<std::shared_ptr<::Stream>> streams;
         for (int s = 0; s < m_engine->Channel(c).StreamCount(); ++s)
-            streams.push_back(::Stream::Create(m_engine, c, s, m_macros, log));
+            streams.push_back(::Stream::Create(m_engine, c, s, m_macros, m_catalogue, log));
         m_channels.push_back(std::make_shared<::Channel>(m_engine, c, std::make_shared<::Streams>(std::move(streams))));
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include "kernel/KernelLog.h"
 #include "kernel/audio/AudioSettings.h"
+#include "kernel/audio/CartRecorder.h"
 #include "kernel/audio/DeviceRequest.h"
 #include "kernel/audio/PlayQueue.h"
 #include "kernelapi/iChannels.h"
@@ -26,6 +27,8 @@ public:
     bool Exists(const QString& name) const override;
 
     AudioEngine& Engine() const { return *m_engine; }
+    // The cart world that the recorders record into.
+    void SetCatalogue(CartRecorder::Catalogue world) { *m_catalogue = std::move(world); }
     // The kernel goes away: players that outlive it can no longer read macros.
     void ForgetKernel();
 
@@ -34,5 +37,6 @@ private:
 
     std::shared_ptr<AudioEngine> m_engine;
     std::shared_ptr<PlayQueue::MacroSource> m_macros;
+    std::shared_ptr<CartRecorder::Catalogue> m_catalogue;
     std::vector<std::shared_ptr<::Channel>> m_channels;
 };

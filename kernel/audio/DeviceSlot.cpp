@@ -20,13 +20,6 @@ int PeriodMs(const DeviceRequest& request)
 {
     return (request.periodFrames * 1000 + request.sampleRate - 1) / request.sampleRate;
 }
-
-DeviceFactory NullFactory(NullDevice::Clock clock)
-{
-    return [clock](const DeviceRequest& request) -> std::unique_ptr<AudioDevice> {
-        return std::make_unique<NullDevice>(request.sampleRate, request.periodFrames, request.records ? 2 : 0, clock);
-    };
-}
 }
 
 DeviceSlot::DeviceSlot(DeviceRequest request, std::vector<Channel> channels, DeviceFactory open, NullDevice::Clock clock,
@@ -34,7 +27,7 @@ DeviceSlot::DeviceSlot(DeviceRequest request, std::vector<Channel> channels, Dev
     : m_request(std::move(request)), m_alwaysOn(m_request.name == QLatin1String("null")),
       m_quietMs(std::max(QuietMs, 2 * PeriodMs(m_request))), m_stallMs(std::max(StallMs, 4 * PeriodMs(m_request))),
       m_channels(std::move(channels)),
-      m_mixer(Mixes(m_channels)), m_open(m_alwaysOn ? NullFactory(clock) : std::move(open)), m_log(std::move(log)),
+      m_mixer(Mixes(m_channels)), m_open(std::move(open)), m_log(std::move(log)),
       m_standIn(m_request.sampleRate, m_request.periodFrames, m_request.records ? 2 : 0, clock)
 {
 }

@@ -41,7 +41,8 @@ public:
         std::int64_t reportedAtMs = std::numeric_limits<std::int64_t>::min() / 2;
     };
 
-    // open is not called for the Null device ("null"), which the slot opens itself.
+    // open opens the configured device; for the Null device ("null") a Null device of the
+    // given clock.
     DeviceSlot(DeviceRequest request, std::vector<Channel> channels, DeviceFactory open, NullDevice::Clock clock, KernelLog log);
     ~DeviceSlot();
     DeviceSlot(const DeviceSlot&) = delete;

@@ -41,6 +41,8 @@ void NullDevice::Advance(long long frames)
 
 void NullDevice::RunPeriod(int frames)
 {
+    if (m_source && m_inputChannels > 0)
+        m_source->Fill(m_input.data(), m_inputChannels, frames);
     m_callback->Process(m_inputChannels > 0 ? m_input.data() : nullptr, m_inputChannels, m_output.data(), frames);
 }
 

@@ -1,13 +1,15 @@
 #pragma once
 #include "kernel/audio/AudioDevice.h"
+#include "kernel/audio/NullInput.h"
 #include <atomic>
+#include <memory>
 #include <thread>
 #include <vector>
 
 // A device with no hardware. On the real-time clock its own thread calls the callback once a
 // period, keeping real time, and throws the output away. On the virtual clock nothing runs by
 // itself: Advance calls the callback on the calling thread, so that tests step time exactly
-// and never wait. Its input is silence.
+// and never wait. Its input is silence unless it is given a NullInput.
 class NullDevice : public AudioDevice
 {
 public:
@@ -18,6 +20,8 @@ public:
 
     QString Name() const override { return QStringLiteral("null"); }
     int InputChannels() const override { return m_inputChannels; }
+    // What the device hears from now on; before Start.
+    void SetInput(std::unique_ptr<NullInput> input) { m_source = std::move(input); }
     void Start(AudioCallback* callback) override;
     void Stop() override;
     void Detach() override { Stop(); }
@@ -38,6 +42,7 @@ private:
     const int m_inputChannels;
     const Clock m_clock;
     AudioCallback* m_callback = nullptr;
+    std::unique_ptr<NullInput> m_source;
     std::vector<float> m_input;
     std::vector<float> m_output;
     std::atomic<bool> m_running{false};

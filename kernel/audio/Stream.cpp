@@ -2,16 +2,18 @@
 #include "kernel/audio/AudioEngine.h"
 #include "kernel/audio/CartPlayer.h"
 #include "kernel/audio/ChannelMix.h"
-#include "kernelapi/KernelError.h"
 
 std::shared_ptr<Stream> Stream::Create(std::shared_ptr<AudioEngine> engine, int channel, int index,
-                                       std::shared_ptr<const PlayQueue::MacroSource> macros, const KernelLog& log)
+                                       std::shared_ptr<const PlayQueue::MacroSource> macros,
+                                       std::shared_ptr<const CartRecorder::Catalogue> catalogue, const KernelLog& log)
 {
     std::shared_ptr<Stream> stream(new Stream(engine, channel, index));
-    if (!engine->Channel(channel).Records()) {
-        stream->m_player = std::make_shared<::CartPlayer>(engine, channel, index, std::move(macros), log);
-        stream->m_player->SetStream(stream);
+    if (engine->Channel(channel).Records()) {
+        stream->m_recorder = std::make_shared<::CartRecorder>(engine, channel, index, std::move(catalogue), log);
+        return stream;
     }
+    stream->m_player = std::make_shared<::CartPlayer>(engine, channel, index, std::move(macros), log);
+    stream->m_player->SetStream(stream);
     return stream;
 }
 
@@ -36,7 +38,5 @@ std::shared_ptr<iCartPlayer> Stream::CartPlayer() const
 
 std::shared_ptr<iCartRecorder> Stream::CartRecorder() const
 {
-    if (m_player)
-        return nullptr;
-    throw NotAvailable("iStream.CartRecorder");
+    return m_recorder;
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "kernel/KernelLog.h"
+#include "kernel/audio/CartRecorder.h"
 #include "kernel/audio/PlayQueue.h"
 #include "kernelapi/iStream.h"
 #include <memory>
@@ -7,14 +8,15 @@
 class AudioEngine;
 class CartPlayer;
 
-// One stream of a channel. A playing stream has its cart player; a recording stream will have
-// its recorder.
+// One stream of a channel. A playing stream has its cart player; a recording stream its
+// recorder.
 class Stream : public iStream
 {
     Q_OBJECT
 public:
     static std::shared_ptr<Stream> Create(std::shared_ptr<AudioEngine> engine, int channel, int index,
-                                          std::shared_ptr<const PlayQueue::MacroSource> macros, const KernelLog& log);
+                                          std::shared_ptr<const PlayQueue::MacroSource> macros,
+                                          std::shared_ptr<const CartRecorder::Catalogue> catalogue, const KernelLog& log);
 
     QString Name() const override { return m_name; }
     AudioLevels GetLevels() const override;
@@ -29,4 +31,5 @@ private:
     const int m_index;
     QString m_name;
     std::shared_ptr<::CartPlayer> m_player;
+    std::shared_ptr<::CartRecorder> m_recorder;
 };

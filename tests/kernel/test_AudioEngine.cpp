@@ -241,7 +241,8 @@ TEST_F(AudioEngineTest, ChannelsAndStreamsAreFoundByNameAndPlace)
     EXPECT_EQ(rec->Direction(), 1);
     EXPECT_EQ(rec->Streams()->Count(), 1);
     EXPECT_EQ(rec->Streams()->Item(1)->CartPlayer(), nullptr);
-    EXPECT_EQ(Failure([&] { rec->Streams()->Item(1)->CartRecorder(); }), QStringLiteral("iStream.CartRecorder: not available"));
+    ASSERT_NE(rec->Streams()->Item(1)->CartRecorder(), nullptr);
+    EXPECT_EQ(rec->Streams()->Item(1)->CartRecorder(), rec->Streams()->Item(1)->CartRecorder());
 }
 
 TEST(AudioEngineKernel, TheRootHandsOutOneSetOfChannelsFromTheStationsSettings)
