@@ -1,5 +1,9 @@
 #include "e2e/WorkstationSteps.h"
+#include "foundation/Globals.h"
 #include "foundation/ui/ScriptedDialogs.h"
+#include "kernel/audio/AudioEngine.h"
+#include "kernel/audio/Channels.h"
+#include "kernelapi/CKernel.h"
 #include "shell/IFMenu.h"
 #include "shell/InitForm.h"
 #include "shell/PasswordForm.h"
@@ -10,6 +14,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTreeView>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -58,5 +63,42 @@ QString TodaysLog(const QString& stationDir)
 {
     QFile log(stationDir + QStringLiteral("log/") + QDate::currentDate().toString(Qt::ISODate) + QStringLiteral(".log"));
     return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()) : QString();
+}
+
+void AdvanceMs(int ms)
+{
+    AudioEngine& engine = dynamic_cast<Channels&>(*Globals::Kernel()->Channels()).Engine();
+    engine.Advance(static_cast<std::int64_t>(ms) * engine.Settings().sampleRate / 1000);
+    QCoreApplication::processEvents();
+}
+
+void Press(QWidget* button)
+{
+    ASSERT_NE(button, nullptr);
+    QTest::mousePress(button, Qt::LeftButton);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    AdvanceMs(30);
+}
+
+QPoint RowCentre(QTreeView* list, const QString& id)
+{
+    const QModelIndexList found = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, id, 1, Qt::MatchExactly);
+    EXPECT_FALSE(found.isEmpty()) << id.toStdString();
+    if (found.isEmpty())
+        return {};
+    list->scrollTo(found.first());
+    return list->visualRect(found.first()).center();
+}
+
+void DragRowOnto(QTreeView* list, const QString& id, QWidget* target)
+{
+    QWidget* viewport = list->viewport();
+    const QPoint from = RowCentre(list, id);
+    const QPoint onTarget = viewport->mapFromGlobal(target->mapToGlobal(target->rect().center()));
+    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+    QTest::mouseMove(viewport, from + QPoint(0, 12));
+    QTest::mouseMove(viewport, onTarget);
+    QTest::mouseMove(viewport, onTarget + QPoint(2, 0));
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, onTarget + QPoint(2, 0));
 }
 }

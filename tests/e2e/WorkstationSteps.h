@@ -2,6 +2,8 @@
 #include <QString>
 
 class QAbstractButton;
+class QPoint;
+class QTreeView;
 class QWidget;
 class ScriptedDialogs;
 
@@ -17,4 +19,14 @@ void Click(QAbstractButton* button);
 void LogIn(const QString& name, const QString& password);
 // The text of today's log of the station.
 QString TodaysLog(const QString& stationDir);
+// Runs the Null device's clock (the station's kernel.ini set to the virtual clock), and lets
+// the engine's events reach the screen.
+void AdvanceMs(int ms);
+// A press and a release on the button, then 30 ms of sound.
+void Press(QWidget* button);
+// The centre of a list row in the list's viewport, found by its ID.
+QPoint RowCentre(QTreeView* list, const QString& id);
+// Presses a row of the cart list and drags it onto the target, the way a hand does: a first
+// move out of the click distance, then moves over the target, and the release there.
+void DragRowOnto(QTreeView* list, const QString& id, QWidget* target);
 }

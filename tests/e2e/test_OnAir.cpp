@@ -8,8 +8,6 @@
 #include "e2e/WorkstationTest.h"
 #include "foundation/Ini.h"
 #include "foundation/controls/UCButton.h"
-#include "kernel/audio/AudioEngine.h"
-#include "kernel/audio/Channels.h"
 #include "foundation/Globals.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iCartPlayer.h"
@@ -37,33 +35,6 @@ constexpr qint32 Playing = static_cast<qint32>(CartPlayerStatus::Playing);
 constexpr qint32 Paused = static_cast<qint32>(CartPlayerStatus::Paused);
 constexpr qint32 Cued = static_cast<qint32>(CartPlayerStatus::Cued);
 
-// Runs the Null device's clock, and lets the engine's events reach the screen.
-void AdvanceMs(int ms)
-{
-    AudioEngine& engine = dynamic_cast<Channels&>(*Globals::Kernel()->Channels()).Engine();
-    engine.Advance(static_cast<std::int64_t>(ms) * engine.Settings().sampleRate / 1000);
-    QCoreApplication::processEvents();
-}
-
-// The centre of a list row in the list's viewport, found by its ID.
-QPoint RowCentre(QTreeView* list, const QString& id)
-{
-    const QModelIndexList found = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, id, 1, Qt::MatchExactly);
-    EXPECT_FALSE(found.isEmpty()) << id.toStdString();
-    if (found.isEmpty())
-        return {};
-    list->scrollTo(found.first());
-    return list->visualRect(found.first()).center();
-}
-
-void Press(QWidget* button)
-{
-    ASSERT_NE(button, nullptr);
-    QTest::mousePress(button, Qt::LeftButton);
-    QTest::mouseRelease(button, Qt::LeftButton);
-    AdvanceMs(30);
-}
-
 // The component registered under the name, or null.
 std::shared_ptr<CComponent> Registered(const QString& name)
 {
@@ -74,19 +45,6 @@ std::shared_ptr<CComponent> Registered(const QString& name)
     return nullptr;
 }
 
-// Presses a row of the cart list and drags it onto the deck, the way a hand does: a first
-// move out of the click distance, then moves over the deck, and the release there.
-void DragRowOntoDeck(QTreeView* list, const QString& id, IFCartPlayer* deck)
-{
-    QWidget* viewport = list->viewport();
-    const QPoint from = RowCentre(list, id);
-    const QPoint onDeck = viewport->mapFromGlobal(deck->mapToGlobal(deck->rect().center()));
-    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
-    QTest::mouseMove(viewport, from + QPoint(0, 12));
-    QTest::mouseMove(viewport, onDeck);
-    QTest::mouseMove(viewport, onDeck + QPoint(2, 0));
-    QTest::mouseRelease(viewport, Qt::LeftButton, {}, onDeck + QPoint(2, 0));
-}
 }
 
 TEST_F(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
@@ -116,7 +74,7 @@ TEST_F(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
     ASSERT_NE(Registered(QStringLiteral("CartPlayer2")), nullptr);
     EXPECT_EQ(Registered(QStringLiteral("CartPlayer2"))->Control(), onAir->IFCartPlayer1[1]);
 
-    DragRowOntoDeck(onAir->IFBrowserCart1->ListView1, QStringLiteral("JIN0001"), deck);
+    DragRowOnto(onAir->IFBrowserCart1->ListView1, QStringLiteral("JIN0001"), deck);
     AdvanceMs(40);
     const auto player = deck->CartPlayer();
     ASSERT_NE(player, nullptr);
@@ -142,7 +100,7 @@ TEST_F(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
     AdvanceMs(30);
     EXPECT_EQ(player->Status(), Ready);
 
-    DragRowOntoDeck(onAir->IFBrowserCart1->ListView1, QStringLiteral("JIN0002"), deck);
+    DragRowOnto(onAir->IFBrowserCart1->ListView1, QStringLiteral("JIN0002"), deck);
     AdvanceMs(20);
     EXPECT_TRUE(player->Loaded());
     Press(deck->findChild<UCButton*>(QStringLiteral("CmdEject")));
