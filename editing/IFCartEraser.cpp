@@ -1,12 +1,12 @@
 #include "editing/IFCartEraser.h"
 #include "editing/CartDropTarget.h"
 #include "editing/PanelPlaces.h"
-#include "editing/TapeWindow.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Log.h"
 #include "foundation/System.h"
 #include "foundation/Tr.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "foundation/controls/UCProgressBar.h"
 #include "foundation/ui/SilenceDescendants.h"
@@ -85,12 +85,12 @@ void IFCartEraser::ApplyRow(const EraserStatusTable::Row& row)
     using Title = EraserStatusTable::Title;
     using Switch = EraserStatusTable::Switch;
     if (row.title == Title::Empty)
-        LblTitle->clear();
+        LblTitle->SetText(QString());
     else if (row.title == Title::CartID)
-        LblTitle->setText(m_cart ? m_cart->ID() : QString());
+        LblTitle->SetText(m_cart ? m_cart->ID() : QString());
     if (row.statusChanges) {
         const QString text = QString::fromLatin1(row.statusText);
-        LblStatus->setText(text.isEmpty() ? text : Tr(text));
+        LblStatus->SetText(text.isEmpty() ? text : Tr(text));
     }
     SetStatusColors(row.red);
     SetFlash(row.flash);
@@ -152,7 +152,7 @@ void IFCartEraser::CmdErase_MouseUp()
     if (m_status != EraserStatusTable::Erasing)
         return;
     if (!m_erased)
-        LblStatus->setText(Tr(QStringLiteral("Not Erased")));
+        LblStatus->SetText(Tr(QStringLiteral("Not Erased")));
     SetStatus(EraserStatusTable::Expiring);
 }
 
@@ -193,7 +193,7 @@ void IFCartEraser::EraseCart()
             throw KernelError(QStringLiteral("Cart %1 was not erased: %2").arg(id, outcome.message));
     }
     m_erased = true;
-    LblStatus->setText(Tr(QStringLiteral("Erased")));
+    LblStatus->SetText(Tr(QStringLiteral("Erased")));
 }
 
 void IFCartEraser::TmrFlash_Timer()

@@ -8,9 +8,9 @@
 
 class CComponent;
 class CartDropTarget;
+class DisplayLabel;
 class PanelPlaces;
 class QLabel;
-class TapeWindow;
 class UCButton;
 class UCProgressBar;
 class iCart;
@@ -69,8 +69,8 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    TapeWindow* LblTitle;
-    TapeWindow* LblStatus;
+    DisplayLabel* LblTitle;
+    DisplayLabel* LblStatus;
     QLabel* ImgStatus;
     UCButton* CmdErase;
     UCButton* CmdEject;

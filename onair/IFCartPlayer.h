@@ -16,7 +16,7 @@
 class CComponent;
 class DeckBackground;
 class DeckFader;
-class DeckLabel;
+class DisplayLabel;
 class QDropEvent;
 class QLabel;
 class QMimeData;
@@ -187,9 +187,9 @@ private:
     void DropFile(const QString& file);
 
     DeckBackground* ElaBackground;
-    DeckLabel* LblStatus;
-    DeckLabel* LblTitle;
-    DeckLabel* LblVolume;
+    DisplayLabel* LblStatus;
+    DisplayLabel* LblTitle;
+    DisplayLabel* LblVolume;
     QLabel* ImgStatus;
     DeckFader* Fader;
     UCSingleVumeter* UCSingleVumeter1;

@@ -5,6 +5,7 @@
 #include "foundation/Globals.h"
 #include "foundation/Strings.h"
 #include "foundation/Tr.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iCartPlayer.h"
@@ -13,7 +14,6 @@
 #include "onair/DeckBackground.h"
 #include "onair/DeckDesign.h"
 #include "onair/DeckFader.h"
-#include "onair/DeckLabel.h"
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <algorithm>
@@ -151,14 +151,12 @@ void IFCartPlayer::RaiseTriplePlay(bool start, bool mid, bool stop)
 
 void IFCartPlayer::LblStatusToGreen()
 {
-    LblStatus->SetBackColor(GreenBack);
-    LblStatus->SetForeColor(GreenFore);
+    LblStatus->SetColors(GreenBack, GreenFore);
 }
 
 void IFCartPlayer::LblStatusToRed()
 {
-    LblStatus->SetBackColor(RedBack);
-    LblStatus->SetForeColor(RedFore);
+    LblStatus->SetColors(RedBack, RedFore);
 }
 
 void IFCartPlayer::SetFlash(bool flash)
