@@ -82,7 +82,7 @@ void IFCartPlayer::ApplyStatusRow(qint32 status, const DeckStatusTable::Row& row
     else
         LblStatusToGreen();
     ShowIcon(iCartPlayer::StatusWord(status));
-    SetFlash(row.flash);
+    m_flashLight.SetFlashing(row.flash);
     ShowCuers(row.cuers);
     ShowEject(m_triplePlayMode || row.ejectNormal);
     if (m_triplePlayMode) {
@@ -159,19 +159,8 @@ void IFCartPlayer::LblStatusToRed()
     LblStatus->SetColors(RedBack, RedFore);
 }
 
-void IFCartPlayer::SetFlash(bool flash)
+void IFCartPlayer::ShowHighLight(bool highLight)
 {
-    m_flash = flash;
-    if (flash)
-        m_tmrFlash.start();
-    else
-        m_tmrFlash.stop();
-    SetHighLight(!flash);
-}
-
-void IFCartPlayer::SetHighLight(bool highLight)
-{
-    m_highLight = highLight;
     if (highLight) {
         const bool playing = m_player && m_player->Status() == static_cast<qint32>(CartPlayerStatus::Playing);
         LblTitle->SetForeColor(TitleLit);
@@ -213,5 +202,5 @@ void IFCartPlayer::ClearVumeter()
 
 void IFCartPlayer::TmrFlash_Timer()
 {
-    SetHighLight(!m_highLight);
+    m_flashLight.Turn();
 }
