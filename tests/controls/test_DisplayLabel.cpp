@@ -6,35 +6,32 @@
 #include <gtest/gtest.h>
 
 namespace {
-// The window's picture inside its rounded rim, where only the glass and the text show.
-QImage Glass(DisplayLabel& label)
+// The brightest grey of each row of the window's picture inside its rounded rim, where only
+// the glass and the text show.
+QList<int> RowBrightness(DisplayLabel& label)
 {
     const QImage image = label.grab().toImage();
-    return image.copy(image.rect().adjusted(4, 4, -4, -4));
-}
-
-// How many rows of the glass hold text, read as pixels brighter than the dark back.
-int InkRows(DisplayLabel& label)
-{
-    const QImage glass = Glass(label);
-    int rows = 0;
-    for (int y = 0; y < glass.height(); ++y) {
-        bool ink = false;
-        for (int x = 0; x < glass.width() && !ink; ++x)
-            ink = qGray(glass.pixel(x, y)) > 128;
-        rows += ink;
+    QList<int> rows;
+    for (int y = 4; y < image.height() - 4; ++y) {
+        int brightest = 0;
+        for (int x = 4; x < image.width() - 4; ++x)
+            brightest = std::max(brightest, qGray(image.pixel(x, y)));
+        rows.append(brightest);
     }
     return rows;
 }
 
+// How many rows hold text, read as pixels much brighter than the dark back.
+int InkRows(DisplayLabel& label)
+{
+    const QList<int> rows = RowBrightness(label);
+    return static_cast<int>(std::count_if(rows.cbegin(), rows.cend(), [](int grey) { return grey > 128; }));
+}
+
 int BrightestGrey(DisplayLabel& label)
 {
-    const QImage glass = Glass(label);
-    int brightest = 0;
-    for (int y = 0; y < glass.height(); ++y)
-        for (int x = 0; x < glass.width(); ++x)
-            brightest = std::max(brightest, qGray(glass.pixel(x, y)));
-    return brightest;
+    const QList<int> rows = RowBrightness(label);
+    return *std::max_element(rows.cbegin(), rows.cend());
 }
 }
 
