@@ -33,14 +33,24 @@ int BrightestGrey(DisplayLabel& label)
     const QList<int> rows = RowBrightness(label);
     return *std::max_element(rows.cbegin(), rows.cend());
 }
+
+// White capitals on black, the type sized to the window's height.
+class DisplayLabelTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        label.SetColors(Qt::black, Qt::white);
+        label.SetText(QStringLiteral("HIH"));
+        label.SetTypeHeight(0.42);
+    }
+
+    DisplayLabel label;
+};
 }
 
-TEST(DisplayLabel, TypeSizedToTheHeightGrowsWithTheWindow)
+TEST_F(DisplayLabelTest, TypeSizedToTheHeightGrowsWithTheWindow)
 {
-    DisplayLabel label;
-    label.SetColors(Qt::black, Qt::white);
-    label.SetText(QStringLiteral("HIH"));
-    label.SetTypeHeight(0.42);
     label.resize(300, 30);
     const int small = InkRows(label);
     label.resize(300, 60);
@@ -49,12 +59,8 @@ TEST(DisplayLabel, TypeSizedToTheHeightGrowsWithTheWindow)
     EXPECT_GE(large, small * 3 / 2) << "the type follows the height";
 }
 
-TEST(DisplayLabel, AnInactiveWindowDimsItsTextButKeepsItsColours)
+TEST_F(DisplayLabelTest, AnInactiveWindowDimsItsTextButKeepsItsColours)
 {
-    DisplayLabel label;
-    label.SetColors(Qt::black, Qt::white);
-    label.SetText(QStringLiteral("HIH"));
-    label.SetTypeHeight(0.5);
     label.resize(200, 40);
     const int lit = BrightestGrey(label);
     label.SetActive(false);
