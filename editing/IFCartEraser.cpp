@@ -1,12 +1,12 @@
 #include "editing/IFCartEraser.h"
 #include "editing/CartDropTarget.h"
 #include "editing/PanelPlaces.h"
-#include "editing/TapeWindow.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Log.h"
 #include "foundation/System.h"
 #include "foundation/Tr.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "foundation/controls/UCProgressBar.h"
 #include "foundation/ui/SilenceDescendants.h"
@@ -35,7 +35,8 @@ std::shared_ptr<iCarts> KernelCarts()
 }
 
 IFCartEraser::IFCartEraser(QWidget* parent)
-    : QWidget(parent), m_clock(TickCount), m_readyKey(Tr(QStringLiteral("Ready")))
+    : QWidget(parent), m_flashLight(FlashTickMs, [this](bool) { ShowHighLight(); }), m_clock(TickCount),
+      m_readyKey(Tr(QStringLiteral("Ready")))
 {
     setObjectName(Object);
     CreateControls();
@@ -44,9 +45,8 @@ IFCartEraser::IFCartEraser(QWidget* parent)
     CmdErase->installEventFilter(this);
     connect(CmdEject, &UCButton::Clicked, this, &IFCartEraser::CmdEject_Click);
     m_tmrErase.setInterval(EraseTickMs);
-    m_tmrFlash.setInterval(FlashTickMs);
     connect(&m_tmrErase, &QTimer::timeout, this, &IFCartEraser::TmrErase_Timer);
-    connect(&m_tmrFlash, &QTimer::timeout, this, &IFCartEraser::TmrFlash_Timer);
+    connect(&m_flashLight.Timer(), &QTimer::timeout, this, &IFCartEraser::TmrFlash_Timer);
     SetStatus(EraserStatusTable::NoCart);
 }
 
@@ -85,15 +85,15 @@ void IFCartEraser::ApplyRow(const EraserStatusTable::Row& row)
     using Title = EraserStatusTable::Title;
     using Switch = EraserStatusTable::Switch;
     if (row.title == Title::Empty)
-        LblTitle->clear();
+        LblTitle->SetText(QString());
     else if (row.title == Title::CartID)
-        LblTitle->setText(m_cart ? m_cart->ID() : QString());
+        LblTitle->SetText(m_cart ? m_cart->ID() : QString());
     if (row.statusChanges) {
         const QString text = QString::fromLatin1(row.statusText);
-        LblStatus->setText(text.isEmpty() ? text : Tr(text));
+        LblStatus->SetText(text.isEmpty() ? text : Tr(text));
     }
     SetStatusColors(row.red);
-    SetFlash(row.flash);
+    m_flashLight.SetFlashing(row.flash);
     if (row.pictureChanges) {
         const QString key = QString::fromLatin1(row.picture);
         ShowStatusPicture(key == QLatin1String("Ready") ? m_readyKey : key);
@@ -110,30 +110,14 @@ void IFCartEraser::SetStatusColors(bool red)
 {
     m_statusBack = red ? RedBack : GreenBack;
     m_statusFore = red ? RedFore : GreenFore;
-    ApplyStatusLook();
-}
-
-void IFCartEraser::SetFlash(bool flash)
-{
-    m_flash = flash;
-    if (flash)
-        m_tmrFlash.start();
-    else
-        m_tmrFlash.stop();
-    SetHighLight(!flash);
+    ShowHighLight();
 }
 
 // Unlit, the status line turns its colours over, and the panel darkens.
-void IFCartEraser::SetHighLight(bool highLight)
+void IFCartEraser::ShowHighLight()
 {
-    m_highLight = highLight;
-    ApplyStatusLook();
     update();
-}
-
-void IFCartEraser::ApplyStatusLook()
-{
-    if (m_highLight)
+    if (m_flashLight.Lit())
         LblStatus->SetColors(m_statusBack, m_statusFore);
     else
         LblStatus->SetColors(m_statusFore, m_statusBack);
@@ -152,7 +136,7 @@ void IFCartEraser::CmdErase_MouseUp()
     if (m_status != EraserStatusTable::Erasing)
         return;
     if (!m_erased)
-        LblStatus->setText(Tr(QStringLiteral("Not Erased")));
+        LblStatus->SetText(Tr(QStringLiteral("Not Erased")));
     SetStatus(EraserStatusTable::Expiring);
 }
 
@@ -193,12 +177,12 @@ void IFCartEraser::EraseCart()
             throw KernelError(QStringLiteral("Cart %1 was not erased: %2").arg(id, outcome.message));
     }
     m_erased = true;
-    LblStatus->setText(Tr(QStringLiteral("Erased")));
+    LblStatus->SetText(Tr(QStringLiteral("Erased")));
 }
 
 void IFCartEraser::TmrFlash_Timer()
 {
-    SetHighLight(!m_highLight);
+    m_flashLight.Turn();
     if (m_clock() > m_expiryTime + ExpiryMs)
         SetCart(nullptr);
 }
@@ -218,7 +202,7 @@ bool IFCartEraser::eventFilter(QObject* watched, QEvent* event)
 void IFCartEraser::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QColor body = m_highLight ? QColor(58, 62, 70) : QColor(36, 38, 44);
+    const QColor body = m_flashLight.Lit() ? QColor(58, 62, 70) : QColor(36, 38, 44);
     painter.fillRect(rect(), body);
     painter.setPen(body.darker(170));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -1,5 +1,6 @@
 #pragma once
 #include "editing/EraserStatusTable.h"
+#include "foundation/controls/FlashingLight.h"
 #include <QColor>
 #include <QTimer>
 #include <QWidget>
@@ -8,9 +9,9 @@
 
 class CComponent;
 class CartDropTarget;
+class DisplayLabel;
 class PanelPlaces;
 class QLabel;
-class TapeWindow;
 class UCButton;
 class UCProgressBar;
 class iCart;
@@ -45,10 +46,8 @@ public:
     void SetCart(std::shared_ptr<iCart> cart);
     qint32 Status() const { return m_status; }
     void SetStatus(qint32 status);
-    bool Flash() const { return m_flash; }
-    void SetFlash(bool flash);
-    bool HighLight() const { return m_highLight; }
-    void SetHighLight(bool highLight);
+    bool Flash() const { return m_flashLight.Flashing(); }
+    bool HighLight() const { return m_flashLight.Lit(); }
 
     // An old-style drop: the cart of that ID waits to be erased.
     void Drop(const QString& cartID, float x = 0, float y = 0);
@@ -59,7 +58,7 @@ public:
     void TmrErase_Timer();
     void TmrFlash_Timer();
     const QTimer& TmrErase() const { return m_tmrErase; }
-    const QTimer& TmrFlash() const { return m_tmrFlash; }
+    const QTimer& TmrFlash() const { return m_flashLight.Timer(); }
 
     void SetClock(Clock clock) { m_clock = std::move(clock); }
     // The key of the status picture on show.
@@ -69,8 +68,8 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    TapeWindow* LblTitle;
-    TapeWindow* LblStatus;
+    DisplayLabel* LblTitle;
+    DisplayLabel* LblStatus;
     QLabel* ImgStatus;
     UCButton* CmdErase;
     UCButton* CmdEject;
@@ -87,20 +86,18 @@ private:
     void ShowStatusPicture(const QString& key);
     void ApplyRow(const EraserStatusTable::Row& row);
     void SetStatusColors(bool red);
-    void ApplyStatusLook();
+    void ShowHighLight();
     void EraseCart();
 
     std::unique_ptr<PanelPlaces> m_places;
     CartDropTarget* m_dropTarget;
     QTimer m_tmrErase;
-    QTimer m_tmrFlash;
+    FlashingLight m_flashLight;
     Clock m_clock;
     std::shared_ptr<iCart> m_cart;
     qint32 m_status = EraserStatusTable::NoCart;
     qint64 m_startTime = 0;
     qint64 m_expiryTime = 0;
-    bool m_flash = false;
-    bool m_highLight = true;
     // Set once the kernel deleted the cart of this hold.
     bool m_erased = false;
     QString m_statusPicture;

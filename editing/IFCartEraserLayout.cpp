@@ -5,6 +5,7 @@
 #include "editing/TapeButtonPictures.h"
 #include "editing/TapeStatePictures.h"
 #include "editing/TapeWindow.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "foundation/controls/UCProgressBar.h"
 #include <QLabel>
@@ -23,10 +24,8 @@ void IFCartEraser::CreateControls()
     setStyleSheet(QStringLiteral("QToolButton { background: transparent; border: none; padding: 0px; margin: 0px; }"));
     ImgStatus = new QLabel(this);
     ImgStatus->setObjectName(QStringLiteral("ImgStatus"));
-    LblTitle = new TapeWindow(this);
-    LblTitle->setObjectName(QStringLiteral("LblTitle"));
-    LblStatus = new TapeWindow(this);
-    LblStatus->setObjectName(QStringLiteral("LblStatus"));
+    LblTitle = TapeWindow::Make(this, QStringLiteral("LblTitle"));
+    LblStatus = TapeWindow::Make(this, QStringLiteral("LblStatus"));
     Progress = new UCProgressBar(this);
     Progress->setObjectName(QStringLiteral("Progress"));
     CmdErase = new UCButton(this);

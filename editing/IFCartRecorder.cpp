@@ -1,11 +1,11 @@
 #include "editing/IFCartRecorder.h"
 #include "editing/CartDropTarget.h"
 #include "editing/PanelPlaces.h"
-#include "editing/TapeWindow.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Log.h"
 #include "foundation/Tr.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "foundation/ui/SilenceDescendants.h"
 #include "kernelapi/CKernel.h"
@@ -190,18 +190,18 @@ void IFCartRecorder::GrabLabels()
 {
     Guarded(Object, QStringLiteral("GrabLabels"), [this] {
         if (!m_recorder) {
-            LblTime->clear();
-            LblTitle->clear();
+            LblTime->SetText(QString());
+            LblTitle->SetText(QString());
             return;
         }
         const QString shownName =
             !m_temporaryFamilyID.isEmpty() && m_name == m_temporaryFamilyID ? m_newCassette : m_name;
         if (m_recorder->RecordingState() == iCartRecorder::Stopped) {
-            LblTitle->setText(shownName);
-            LblTime->setText(m_title);
+            LblTitle->SetText(shownName);
+            LblTime->SetText(m_title);
         } else {
-            LblTitle->setText(m_titleIDMode ? shownName : m_title);
-            LblTime->setText(m_time);
+            LblTitle->SetText(m_titleIDMode ? shownName : m_title);
+            LblTime->SetText(m_time);
         }
     });
 }
@@ -219,7 +219,7 @@ void IFCartRecorder::iCartRecorder_DisplayTitleChanged(const QString& title)
 void IFCartRecorder::iCartRecorder_DisplayTimeChanged(const QString& time)
 {
     m_time = time;
-    LblTime->setText(time);
+    LblTime->SetText(time);
 }
 
 void IFCartRecorder::iCartRecorder_LoadStateChanged(qint32 state)

@@ -10,9 +10,9 @@
 
 class CComponent;
 class CartDropTarget;
+class DisplayLabel;
 class PanelPlaces;
 class QLabel;
-class TapeWindow;
 class UCButton;
 class iCartRecorder;
 
@@ -85,8 +85,8 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    TapeWindow* LblTitle;
-    TapeWindow* LblTime;
+    DisplayLabel* LblTitle;
+    DisplayLabel* LblTime;
     QLabel* ImgRecordingState;
     QLabel* ImgLoadState;
     UCButton* CmdBlank;

@@ -5,6 +5,7 @@
 #include "editing/TapeButtonPictures.h"
 #include "editing/TapeStatePictures.h"
 #include "editing/TapeWindow.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include <QLabel>
 
@@ -27,10 +28,8 @@ void IFCartRecorder::CreateControls()
     ImgLoadState->setObjectName(QStringLiteral("ImgLoadState"));
     ImgRecordingState = new QLabel(this);
     ImgRecordingState->setObjectName(QStringLiteral("ImgRecordingState"));
-    LblTitle = new TapeWindow(this);
-    LblTitle->setObjectName(QStringLiteral("LblTitle"));
-    LblTime = new TapeWindow(this);
-    LblTime->setObjectName(QStringLiteral("LblTime"));
+    LblTitle = TapeWindow::Make(this, QStringLiteral("LblTitle"));
+    LblTime = TapeWindow::Make(this, QStringLiteral("LblTime"));
     LblTime->SetColors(QColor(0, 64, 0), QColor(192, 255, 192));
     const double lineLeft = Margin + Lamp + Margin;
     const double lineWidth = PanelWidth - lineLeft - Margin;

@@ -1,7 +1,6 @@
 #include "editing/TapeStatePictures.h"
-#include "editing/TapeGlyphs.h"
-#include <QPainter>
-#include <QRadialGradient>
+#include "foundation/controls/LampPicture.h"
+#include "foundation/controls/TransportGlyphs.h"
 
 namespace TapeStatePictures {
 namespace {
@@ -18,25 +17,25 @@ QColor LampColour(const QString& key)
 
 void DrawSign(QPainter& painter, const QString& key, const QRectF& inner)
 {
-    const QRectF sign = TapeGlyphs::Square(inner, 0.22);
+    const QRectF sign = TransportGlyphs::Square(inner, 0.22);
     if (key == QLatin1String("Recording"))
-        TapeGlyphs::Dot(painter, TapeGlyphs::Square(sign, 0.1));
+        TransportGlyphs::Dot(painter, TransportGlyphs::Square(sign, 0.1));
     else if (key == QLatin1String("Paused"))
-        TapeGlyphs::PauseBars(painter, sign.adjusted(sign.width() * 0.1, 0, -sign.width() * 0.1, 0));
+        TransportGlyphs::PauseBars(painter, sign.adjusted(sign.width() * 0.1, 0, -sign.width() * 0.1, 0), 0.34);
     else if (key == QLatin1String("Stop"))
-        TapeGlyphs::Block(painter, TapeGlyphs::Square(sign, 0.1));
+        TransportGlyphs::Bar(painter, TransportGlyphs::Square(sign, 0.1));
     else if (key == QLatin1String("Free") || key == QLatin1String("Proposed") || key == QLatin1String("Ready"))
-        TapeGlyphs::Cassette(painter, TapeGlyphs::Square(inner, 0.12), false);
+        TransportGlyphs::Cassette(painter, TransportGlyphs::Square(inner, 0.12), false);
     else if (key == QLatin1String("Loaded"))
-        TapeGlyphs::Cassette(painter, TapeGlyphs::Square(inner, 0.12), true);
+        TransportGlyphs::Cassette(painter, TransportGlyphs::Square(inner, 0.12), true);
     else if (key == QLatin1String("NoBlankTape")) {
-        TapeGlyphs::Cassette(painter, TapeGlyphs::Square(inner, 0.12), false);
-        TapeGlyphs::Stroke(painter, sign);
+        TransportGlyphs::Cassette(painter, TransportGlyphs::Square(inner, 0.12), false);
+        TransportGlyphs::Stroke(painter, sign);
     } else if (key == QLatin1String("Erasing")) {
-        TapeGlyphs::Cassette(painter, TapeGlyphs::Square(inner, 0.12), true);
-        TapeGlyphs::Stroke(painter, sign);
+        TransportGlyphs::Cassette(painter, TransportGlyphs::Square(inner, 0.12), true);
+        TransportGlyphs::Stroke(painter, sign);
     } else if (key == QLatin1String("Expiring"))
-        TapeGlyphs::Exclamation(painter, sign);
+        TransportGlyphs::Exclamation(painter, sign);
 }
 }
 
@@ -50,27 +49,9 @@ QStringList Names()
 
 QPixmap Picture(const QString& key, int side)
 {
-    if (!Names().contains(key) || side <= 0)
+    if (!Names().contains(key))
         return {};
-    QPixmap picture(side, side);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QColor lamp = LampColour(key);
-    const QRectF outer(0.5, 0.5, side - 1.0, side - 1.0);
-    painter.setPen(QPen(QColor(8, 9, 12), 1));
-    painter.setBrush(QColor(24, 26, 30));
-    painter.drawEllipse(outer);
-    const QRectF inner = outer.adjusted(side * 0.08, side * 0.08, -side * 0.08, -side * 0.08);
-    QRadialGradient glass(inner.center() - QPointF(inner.width() * 0.18, inner.height() * 0.22), inner.width() * 0.7);
-    glass.setColorAt(0, lamp.lighter(140));
-    glass.setColorAt(0.6, lamp);
-    glass.setColorAt(1, lamp.darker(220));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(glass);
-    painter.drawEllipse(inner);
-    painter.setBrush(QColor(12, 14, 18, 230));
-    DrawSign(painter, key, inner);
-    return picture;
+    return LampPicture::Draw(side, LampColour(key),
+                             [&key](QPainter& painter, const QRectF& glass) { DrawSign(painter, key, glass); });
 }
 }

@@ -20,7 +20,7 @@
 // their own (IFCartPlayerLayout, ...Status, ...Transport, ...Drops, ...Input).
 
 IFCartPlayer::IFCartPlayer(QWidget* parent)
-    : QWidget(parent)
+    : QWidget(parent), m_flashLight(250, [this](bool lit) { ShowHighLight(lit); })
 {
     setObjectName(Object);
     setMouseTracking(true);
@@ -29,11 +29,10 @@ IFCartPlayer::IFCartPlayer(QWidget* parent)
     WatchChildren();
     m_tmrVumeter.setInterval(150);
     m_tmrToolTip.setInterval(200);
-    m_tmrFlash.setInterval(250);
     m_tmrFadeOut.setInterval(100);
     connect(&m_tmrVumeter, &QTimer::timeout, this, &IFCartPlayer::TmrVumeter_Timer);
     connect(&m_tmrToolTip, &QTimer::timeout, this, &IFCartPlayer::TmrToolTip_Timer);
-    connect(&m_tmrFlash, &QTimer::timeout, this, &IFCartPlayer::TmrFlash_Timer);
+    connect(&m_flashLight.Timer(), &QTimer::timeout, this, &IFCartPlayer::TmrFlash_Timer);
     connect(&m_tmrFadeOut, &QTimer::timeout, this, &IFCartPlayer::TmrFadeOut_Timer);
     GrabStatus(0);
     m_tmrFadeOut.start();

@@ -1,4 +1,5 @@
 #pragma once
+#include "foundation/controls/FlashingLight.h"
 #include "metering/CVumeter.h"
 #include "metering/TickGuard.h"
 #include "onair/CueSpeed.h"
@@ -16,7 +17,7 @@
 class CComponent;
 class DeckBackground;
 class DeckFader;
-class DeckLabel;
+class DisplayLabel;
 class QDropEvent;
 class QLabel;
 class QMimeData;
@@ -100,12 +101,12 @@ public:
     void TmrFadeOut_Timer();
     const QTimer& TmrVumeter() const { return m_tmrVumeter; }
     const QTimer& TmrToolTip() const { return m_tmrToolTip; }
-    const QTimer& TmrFlash() const { return m_tmrFlash; }
+    const QTimer& TmrFlash() const { return m_flashLight.Timer(); }
     const QTimer& TmrFadeOut() const { return m_tmrFadeOut; }
 
     // What the panel shows, for its host and its tests.
-    bool Flash() const { return m_flash; }
-    bool HighLight() const { return m_highLight; }
+    bool Flash() const { return m_flashLight.Flashing(); }
+    bool HighLight() const { return m_flashLight.Lit(); }
     // Set: the status line shows the second time text of the player (the time to go).
     bool TimeToggle() const { return m_timeToggle; }
     const CueSpeed& Speed() const { return m_cueSpeed; }
@@ -159,8 +160,7 @@ private:
     void RaiseTriplePlay(bool start, bool mid, bool stop);
     void LblStatusToGreen();
     void LblStatusToRed();
-    void SetFlash(bool flash);
-    void SetHighLight(bool highLight);
+    void ShowHighLight(bool highLight);
     void SetLabelsEnabled(bool enabled);
 
     void CmdPlay_Pressed();
@@ -187,9 +187,9 @@ private:
     void DropFile(const QString& file);
 
     DeckBackground* ElaBackground;
-    DeckLabel* LblStatus;
-    DeckLabel* LblTitle;
-    DeckLabel* LblVolume;
+    DisplayLabel* LblStatus;
+    DisplayLabel* LblTitle;
+    DisplayLabel* LblVolume;
     QLabel* ImgStatus;
     DeckFader* Fader;
     UCSingleVumeter* UCSingleVumeter1;
@@ -208,8 +208,8 @@ private:
 
     QTimer m_tmrVumeter;
     QTimer m_tmrToolTip;
-    QTimer m_tmrFlash;
     QTimer m_tmrFadeOut;
+    FlashingLight m_flashLight;
 
     QHash<QWidget*, QRectF> m_places;
     QHash<QWidget*, QString> m_pictures;
@@ -225,8 +225,6 @@ private:
     QVariant m_lightColor;
     CueSpeed m_cueSpeed;
     bool m_triplePlayMode = false;
-    bool m_flash = false;
-    bool m_highLight = true;
     bool m_timeToggle = true;
     // Set from a double click to its release.
     bool m_doubleClicked = false;

@@ -4,11 +4,11 @@
 #include "browse/drag/CDrag.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Tr.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/ui/Dialogs.h"
 #include "kernelapi/iCartPlayer.h"
 #include "onair/DeckBackground.h"
 #include "onair/DeckFader.h"
-#include "onair/DeckLabel.h"
 #include "shell/modInterface.h"
 #include <QLabel>
 #include <QMouseEvent>

@@ -1,13 +1,13 @@
 // The deck's controls and their places: every control has a place in twips of a panel of the
 // design size, scaled to the panel's present size; the pictures are drawn at their buttons' size.
 #include "onair/IFCartPlayer.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "metering/UCSingleVumeter.h"
 #include "onair/DeckBackground.h"
 #include "onair/DeckButtonPictures.h"
 #include "onair/DeckDesign.h"
 #include "onair/DeckFader.h"
-#include "onair/DeckLabel.h"
 #include "onair/DeckStatusPictures.h"
 #include <QLabel>
 #include <QToolButton>
@@ -41,13 +41,13 @@ void IFCartPlayer::CreateControls()
     Place(CmdFF, 435, StatusTop, 345, LineHeight);
     Place(CmdEject, 75, TitleTop, 345, LineHeight);
 
-    LblStatus = new DeckLabel(this);
+    LblStatus = new DisplayLabel(this);
     LblStatus->setObjectName(QStringLiteral("LblStatus"));
     LblStatus->SetAlignment(Qt::AlignCenter);
-    LblTitle = new DeckLabel(this);
+    LblTitle = new DisplayLabel(this);
     LblTitle->setObjectName(QStringLiteral("LblTitle"));
     LblTitle->SetBackColor(TitleBack);
-    for (DeckLabel* label : {LblStatus, LblTitle}) {
+    for (DisplayLabel* label : {LblStatus, LblTitle}) {
         label->setAcceptDrops(true);
         label->setFocusPolicy(Qt::ClickFocus);
         label->setMouseTracking(true);
@@ -86,7 +86,7 @@ void IFCartPlayer::CreateControls()
     Fader = new DeckFader(this);
     Fader->setObjectName(QStringLiteral("Fader"));
     Place(Fader, 2340, 75, 330, MeterTop + MeterHeight - 75);
-    LblVolume = new DeckLabel(this);
+    LblVolume = new DisplayLabel(this);
     LblVolume->setObjectName(QStringLiteral("LblVolume"));
     LblVolume->SetAlignment(Qt::AlignCenter);
     LblVolume->SetBackColor(VolumeBack);

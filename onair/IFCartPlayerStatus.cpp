@@ -5,6 +5,7 @@
 #include "foundation/Globals.h"
 #include "foundation/Strings.h"
 #include "foundation/Tr.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iCartPlayer.h"
@@ -13,7 +14,6 @@
 #include "onair/DeckBackground.h"
 #include "onair/DeckDesign.h"
 #include "onair/DeckFader.h"
-#include "onair/DeckLabel.h"
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <algorithm>
@@ -82,7 +82,7 @@ void IFCartPlayer::ApplyStatusRow(qint32 status, const DeckStatusTable::Row& row
     else
         LblStatusToGreen();
     ShowIcon(iCartPlayer::StatusWord(status));
-    SetFlash(row.flash);
+    m_flashLight.SetFlashing(row.flash);
     ShowCuers(row.cuers);
     ShowEject(m_triplePlayMode || row.ejectNormal);
     if (m_triplePlayMode) {
@@ -151,29 +151,16 @@ void IFCartPlayer::RaiseTriplePlay(bool start, bool mid, bool stop)
 
 void IFCartPlayer::LblStatusToGreen()
 {
-    LblStatus->SetBackColor(GreenBack);
-    LblStatus->SetForeColor(GreenFore);
+    LblStatus->SetColors(GreenBack, GreenFore);
 }
 
 void IFCartPlayer::LblStatusToRed()
 {
-    LblStatus->SetBackColor(RedBack);
-    LblStatus->SetForeColor(RedFore);
+    LblStatus->SetColors(RedBack, RedFore);
 }
 
-void IFCartPlayer::SetFlash(bool flash)
+void IFCartPlayer::ShowHighLight(bool highLight)
 {
-    m_flash = flash;
-    if (flash)
-        m_tmrFlash.start();
-    else
-        m_tmrFlash.stop();
-    SetHighLight(!flash);
-}
-
-void IFCartPlayer::SetHighLight(bool highLight)
-{
-    m_highLight = highLight;
     if (highLight) {
         const bool playing = m_player && m_player->Status() == static_cast<qint32>(CartPlayerStatus::Playing);
         LblTitle->SetForeColor(TitleLit);
@@ -215,5 +202,5 @@ void IFCartPlayer::ClearVumeter()
 
 void IFCartPlayer::TmrFlash_Timer()
 {
-    SetHighLight(!m_highLight);
+    m_flashLight.Turn();
 }

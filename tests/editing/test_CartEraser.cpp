@@ -4,7 +4,7 @@
 #include "EditingTest.h"
 #include "editing/EraserStatusTable.h"
 #include "editing/IFCartEraser.h"
-#include "editing/TapeWindow.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "foundation/controls/UCProgressBar.h"
 #include "shell/components/CComponent.h"
@@ -30,7 +30,7 @@ protected:
         EditingTest::TearDown();
     }
 
-    QString StatusText() const { return eraser->LblStatus->text(); }
+    QString StatusText() const { return eraser->LblStatus->Text(); }
     void Press() const { QTest::mousePress(eraser->CmdErase, Qt::LeftButton); }
     void Release() const { QTest::mouseRelease(eraser->CmdErase, Qt::LeftButton); }
     // Moves the clock on and gives each running timer the tick it would have had.
@@ -84,7 +84,7 @@ TEST_F(EraserTest, ADroppedCartWaitsAndEjectEmptiesThePanel)
 
     eraser->Drop(QStringLiteral("MUS0001"));
     EXPECT_EQ(eraser->Status(), 1);
-    EXPECT_EQ(eraser->LblTitle->text(), QStringLiteral("MUS0001"));
+    EXPECT_EQ(eraser->LblTitle->Text(), QStringLiteral("MUS0001"));
     EXPECT_EQ(StatusText(), QStringLiteral("Erase?"));
     EXPECT_EQ(eraser->LblStatus->BackColor(), GreenBack);
     EXPECT_EQ(eraser->LblStatus->ForeColor(), GreenFore);
@@ -94,7 +94,7 @@ TEST_F(EraserTest, ADroppedCartWaitsAndEjectEmptiesThePanel)
     QTest::mouseClick(eraser->CmdEject, Qt::LeftButton);
     EXPECT_EQ(eraser->Status(), 0);
     EXPECT_EQ(eraser->Cart(), nullptr);
-    EXPECT_EQ(eraser->LblTitle->text(), QString());
+    EXPECT_EQ(eraser->LblTitle->Text(), QString());
     EXPECT_EQ(StatusText(), QString());
     EXPECT_TRUE(Exists(QStringLiteral("MUS0001")));
 }
@@ -179,7 +179,7 @@ TEST_F(EraserTest, ACartDraggedOntoThePanelWaitsToBeErased)
     source->SetSharedObject(Cart(QStringLiteral("MUS0001")));
     eraser->Component()->RaiseEventDragDrop(source);
     EXPECT_EQ(eraser->Status(), 1);
-    EXPECT_EQ(eraser->LblTitle->text(), QStringLiteral("MUS0001"));
+    EXPECT_EQ(eraser->LblTitle->Text(), QStringLiteral("MUS0001"));
     source->SetShareType(CComponent::ShareFamily);
     eraser->CmdEject_Click();
     eraser->Component()->RaiseEventDragDrop(source);

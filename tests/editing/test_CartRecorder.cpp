@@ -5,7 +5,7 @@
 #include "ScriptedRecorder.h"
 #include "editing/IFCartRecorder.h"
 #include "editing/RecorderTable.h"
-#include "editing/TapeWindow.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "kernelapi/iFamilies.h"
 #include "shell/components/CComponent.h"
@@ -35,8 +35,8 @@ protected:
         EditingTest::TearDown();
     }
 
-    QString Title() const { return panel->LblTitle->text(); }
-    QString Time() const { return panel->LblTime->text(); }
+    QString Title() const { return panel->LblTitle->Text(); }
+    QString Time() const { return panel->LblTime->Text(); }
     static void Click(UCButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
     // Whatever the host answers when Blank asks for a tape.
     void AnswerBlank(const QString& familyID, const QString& cartID)

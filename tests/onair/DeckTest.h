@@ -4,6 +4,7 @@
 #include "controls/RecordingLogger.h"
 #include "foundation/Globals.h"
 #include "foundation/Ini.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/controls/UCButton.h"
 #include "foundation/ui/ScriptedDialogs.h"
 #include "kernel/EmbeddedKernel.h"
@@ -13,7 +14,6 @@
 #include "kernelapi/iCartPlayer.h"
 #include "kernelapi/iCarts.h"
 #include "onair/DeckFader.h"
-#include "onair/DeckLabel.h"
 #include "onair/IFCartPlayer.h"
 #include "support/TempStation.h"
 #include <QApplication>
@@ -82,7 +82,7 @@ protected:
     }
     UCButton* Button(const char* name) const { return Child<UCButton>(name); }
     QToolButton* Tool(const char* name) const { return Child<QToolButton>(name); }
-    DeckLabel* Label(const char* name) const { return Child<DeckLabel>(name); }
+    DisplayLabel* Label(const char* name) const { return Child<DisplayLabel>(name); }
     DeckFader* Fader() const { return Child<DeckFader>("Fader"); }
 
     static void Press(UCButton* button)

@@ -136,8 +136,8 @@ TEST_F(DeckTest, AnOldStyleDropPlaysAnIDAndAnEmptyIDEjects)
 TEST_F(DeckTest, DesktopDropsOfNothingOfNoFileAndOfNoCartPlayNothing)
 {
     Deck();
-    DeckLabel* title = Label("LblTitle");
-    DeckLabel* status = Label("LblStatus");
+    DisplayLabel* title = Label("LblTitle");
+    DisplayLabel* status = Label("LblStatus");
 
     QMimeData nothing;
     Qt::DropAction over = Qt::IgnoreAction;

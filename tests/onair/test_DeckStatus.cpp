@@ -21,8 +21,8 @@ QColor Background(const IFCartPlayer& deck)
 TEST_F(DeckTest, ReadyCuedPlayingPausedAndBackWalkTheStatusTable)
 {
     IFCartPlayer& deck = Deck();
-    DeckLabel* status = Label("LblStatus");
-    DeckLabel* title = Label("LblTitle");
+    DisplayLabel* status = Label("LblStatus");
+    DisplayLabel* title = Label("LblTitle");
     EXPECT_EQ(status->Text(), QString());
     EXPECT_EQ(deck.StatusIcon(), QStringLiteral("Ready"));
     EXPECT_EQ(Background(deck), QColor(64, 64, 64));

@@ -1,10 +1,9 @@
-#include "onair/DeckGlyphs.h"
+#include "foundation/controls/TransportGlyphs.h"
 #include <QPainter>
-#include <QPainterPath>
 #include <QPolygonF>
 #include <algorithm>
 
-namespace DeckGlyphs {
+namespace TransportGlyphs {
 void Triangle(QPainter& painter, const QRectF& box, bool right)
 {
     const double tip = right ? box.right() : box.left();
@@ -17,9 +16,14 @@ void Bar(QPainter& painter, const QRectF& box)
     painter.drawRect(box);
 }
 
-void PauseBars(QPainter& painter, const QRectF& box)
+void Dot(QPainter& painter, const QRectF& box)
 {
-    const double bar = box.width() * 0.36;
+    painter.drawEllipse(box);
+}
+
+void PauseBars(QPainter& painter, const QRectF& box, double barShare)
+{
+    const double bar = box.width() * barShare;
     Bar(painter, QRectF(box.left(), box.top(), bar, box.height()));
     Bar(painter, QRectF(box.right() - bar, box.top(), bar, box.height()));
 }
@@ -39,6 +43,14 @@ void EjectSign(QPainter& painter, const QRectF& box)
     painter.drawPolygon(QPolygonF({QPointF(roof.left(), roof.bottom()), QPointF(roof.right(), roof.bottom()),
                                    QPointF(roof.center().x(), roof.top())}));
     Bar(painter, QRectF(box.left(), box.bottom() - bar, box.width(), bar));
+}
+
+void Exclamation(QPainter& painter, const QRectF& box)
+{
+    const double bar = box.width() * 0.22;
+    const double x = box.center().x() - bar / 2;
+    Bar(painter, QRectF(x, box.top(), bar, box.height() * 0.62));
+    Bar(painter, QRectF(x, box.bottom() - bar, bar, bar));
 }
 
 void Thirds(QPainter& painter, const QRectF& box, int lit, const QColor& on, const QColor& off)
@@ -75,6 +87,48 @@ void RingArrow(QPainter& painter, const QRectF& box, const QColor& colour)
 void FadeWedge(QPainter& painter, const QRectF& box)
 {
     painter.drawPolygon(QPolygonF({box.topLeft(), box.bottomLeft(), box.bottomRight()}));
+}
+
+void Cassette(QPainter& painter, const QRectF& box, bool loaded)
+{
+    // A cassette is about 1.6 times as wide as it is high.
+    const double height = std::min(box.height(), box.width() / 1.6);
+    const QRectF shell(box.center().x() - height * 0.8, box.center().y() - height / 2, height * 1.6, height);
+    const QColor ink = painter.brush().color();
+    const double pen = std::max(1.0, height * 0.07);
+    painter.save();
+    painter.setPen(QPen(ink, pen));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(shell.adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2), height * 0.08, height * 0.08);
+    const QRectF window(shell.left() + shell.width() * 0.2, shell.top() + shell.height() * 0.24, shell.width() * 0.6,
+                        shell.height() * 0.36);
+    painter.drawRoundedRect(window, window.height() * 0.45, window.height() * 0.45);
+    const double reel = window.height() * (loaded ? 0.78 : 0.42);
+    for (const double x : {window.left() + window.width() * 0.24, window.left() + window.width() * 0.76}) {
+        const QPointF centre(x, window.center().y());
+        if (loaded) {
+            painter.setBrush(ink);
+            painter.drawEllipse(centre, reel / 2, reel / 2);
+            painter.setBrush(Qt::NoBrush);
+        } else {
+            painter.drawEllipse(centre, reel / 2, reel / 2);
+        }
+    }
+    // The trapezoid at the foot where the tape shows.
+    const double foot = shell.bottom() - pen;
+    painter.drawPolyline(QPolygonF({QPointF(shell.left() + shell.width() * 0.2, foot),
+                                    QPointF(shell.left() + shell.width() * 0.26, shell.top() + shell.height() * 0.74),
+                                    QPointF(shell.right() - shell.width() * 0.26, shell.top() + shell.height() * 0.74),
+                                    QPointF(shell.right() - shell.width() * 0.2, foot)}));
+    painter.restore();
+}
+
+void Stroke(QPainter& painter, const QRectF& box)
+{
+    painter.save();
+    painter.setPen(QPen(painter.brush().color(), std::max(1.5, box.width() * 0.12), Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(box.bottomLeft(), box.topRight());
+    painter.restore();
 }
 
 QRectF Square(const QRectF& box, double inset)

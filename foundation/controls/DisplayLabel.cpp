@@ -1,14 +1,15 @@
-#include "onair/DeckLabel.h"
+#include "foundation/controls/DisplayLabel.h"
 #include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPainter>
+#include <algorithm>
 
-DeckLabel::DeckLabel(QWidget* parent)
+DisplayLabel::DisplayLabel(QWidget* parent)
     : QWidget(parent)
 {
 }
 
-void DeckLabel::SetText(const QString& text)
+void DisplayLabel::SetText(const QString& text)
 {
     if (text == m_text)
         return;
@@ -16,7 +17,7 @@ void DeckLabel::SetText(const QString& text)
     update();
 }
 
-void DeckLabel::SetBackColor(const QColor& colour)
+void DisplayLabel::SetBackColor(const QColor& colour)
 {
     if (colour == m_backColor)
         return;
@@ -24,7 +25,7 @@ void DeckLabel::SetBackColor(const QColor& colour)
     update();
 }
 
-void DeckLabel::SetForeColor(const QColor& colour)
+void DisplayLabel::SetForeColor(const QColor& colour)
 {
     if (colour == m_foreColor)
         return;
@@ -32,19 +33,34 @@ void DeckLabel::SetForeColor(const QColor& colour)
     update();
 }
 
-void DeckLabel::SetAlignment(Qt::Alignment alignment)
+void DisplayLabel::SetColors(const QColor& back, const QColor& fore)
+{
+    if (back == m_backColor && fore == m_foreColor)
+        return;
+    m_backColor = back;
+    m_foreColor = fore;
+    update();
+}
+
+void DisplayLabel::SetAlignment(Qt::Alignment alignment)
 {
     m_alignment = alignment;
     update();
 }
 
-void DeckLabel::SetTextFont(const QFont& font)
+void DisplayLabel::SetTextFont(const QFont& font)
 {
     m_font = font;
     update();
 }
 
-void DeckLabel::SetActive(bool active)
+void DisplayLabel::SetTypeHeight(double share)
+{
+    m_typeHeight = share;
+    update();
+}
+
+void DisplayLabel::SetActive(bool active)
 {
     if (active == m_active)
         return;
@@ -54,9 +70,11 @@ void DeckLabel::SetActive(bool active)
 
 // A text too wide for the window is set smaller, down to two thirds of its size; beyond that
 // it is cut with an ellipsis.
-QFont DeckLabel::FittingFont(int room) const
+QFont DisplayLabel::FittingFont(int room) const
 {
     QFont font = m_font;
+    if (m_typeHeight > 0)
+        font.setPixelSize(std::max(7, qRound(height() * m_typeHeight)));
     const double wide = QFontMetricsF(font).horizontalAdvance(m_text);
     if (wide > room && wide > 0 && font.pixelSize() > 0) {
         const double share = std::max(2.0 / 3.0, room / wide);
@@ -65,7 +83,7 @@ QFont DeckLabel::FittingFont(int room) const
     return font;
 }
 
-void DeckLabel::paintEvent(QPaintEvent*)
+void DisplayLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
