@@ -9,7 +9,7 @@
 #include "e2e/WorkstationTest.h"
 #include "editing/IFCartEraser.h"
 #include "editing/IFCartRecorder.h"
-#include "editing/TapeWindow.h"
+#include "foundation/controls/DisplayLabel.h"
 #include "foundation/Globals.h"
 #include "foundation/Ini.h"
 #include "foundation/controls/UCButton.h"
@@ -48,7 +48,7 @@ TEST_F(Recording, ATakeGoesFromBlankToTheBrowserToADeckAndIsErasedByAHeldPress)
     QTest::mouseClick(families->viewport(), Qt::LeftButton, {}, RowCentre(families, blankFamily));
     Press(panel->CmdBlank);
     EXPECT_EQ(recorder->LoadState(), iCartRecorder::Proposed);
-    EXPECT_EQ(panel->LblTitle->text(), QStringLiteral("New Cassette"));
+    EXPECT_EQ(panel->LblTitle->Text(), QStringLiteral("New Cassette"));
 
     Press(panel->CmdRec);
     AdvanceMs(2000);
