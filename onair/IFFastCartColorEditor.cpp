@@ -108,7 +108,8 @@ void IFFastCartColorEditor::ConnectControls()
     connect(modified, &IFFastCart::ClickShortcut, this, [this] { SelectRow(ShortcutRow); });
     connect(modified, &IFFastCart::ClickTime, this, [this] { SelectRow(TimeRow); });
     connect(modified, &IFFastCart::ClickIcon, this, [this] { SelectRow(IconRow); });
-    for (IFFastCart* pad : {IFFastCartOriginal, IFFastCartDefault})
+    // The modified sample wears the caption too, so that the three stand level.
+    for (IFFastCart* pad : {IFFastCartOriginal, IFFastCartDefault, IFFastCartModified})
         connect(pad, &IFFastCart::AfterInit, this, [this, pad] { CaptionSample(pad); });
 }
 

@@ -165,6 +165,7 @@ TEST_F(FastCartsTest, PhotographOfThePads)
                       QStringLiteral("NEW0001"), QStringLiteral("MES0000"), QStringLiteral("CON0001")};
     IFFastCarts& panel = Panel(carts);
     list->Item(8)->Properties()->SetProperty(IFFastCart::ColorsProperty, QStringLiteral("10206000FFFFC0E0FF40FFFF80FFB0"));
+    panel.TmrFillCombo_Timer();
     panel.resize(1000, 620);
     QApplication::processEvents();
     EXPECT_TRUE(Photograph(&panel, QStringLiteral("fast_carts")));
