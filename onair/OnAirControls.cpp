@@ -1,11 +1,24 @@
 #include "onair/OnAirControls.h"
 #include "onair/FrmOnAir.h"
 #include "onair/IFCartPlayer.h"
+#include "onair/IFColorPicker.h"
+#include "onair/IFFastCart.h"
+#include "onair/IFFastCartColorEditor.h"
+#include "onair/IFFastCarts.h"
+#include "onair/UCChannelStreamSelector.h"
+#include "onair/UCFastCartsContents.h"
 
 namespace OnAir {
 void RegisterControls(const std::function<void(const QString&, ControlFactory)>& add)
 {
     add(QStringLiteral("Korvane_Interface.IFCartPlayer"), [](QWidget* parent) -> QWidget* { return new IFCartPlayer(parent); });
+    // Fast carts and their colours.
+    add(QStringLiteral("Korvane_Interface.IFFastCarts"), [](QWidget* parent) -> QWidget* { return new IFFastCarts(parent); });
+    add(QStringLiteral("Korvane_Interface.UCFastCartsContents"), [](QWidget* parent) -> QWidget* { return new UCFastCartsContents(parent); });
+    add(QStringLiteral("Korvane_Interface.IFFastCart"), [](QWidget* parent) -> QWidget* { return new IFFastCart(parent); });
+    add(QStringLiteral("Korvane_Interface.IFFastCartColorEditor"), [](QWidget* parent) -> QWidget* { return new IFFastCartColorEditor(parent); });
+    add(QStringLiteral("Korvane_Interface.IFColorPicker"), [](QWidget* parent) -> QWidget* { return new IFColorPicker(parent); });
+    add(QStringLiteral("Korvane_Interface.UCChannelStreamSelector"), [](QWidget* parent) -> QWidget* { return new UCChannelStreamSelector(parent); });
     add(QStringLiteral("FrmOnAir"), [](QWidget*) -> QWidget* { return new FrmOnAir; });
 }
 }
