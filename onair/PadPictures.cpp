@@ -1,5 +1,5 @@
 #include "onair/PadPictures.h"
-#include "onair/DeckGlyphs.h"
+#include "foundation/controls/TransportGlyphs.h"
 #include <QPainter>
 #include <QPainterPath>
 
@@ -66,7 +66,7 @@ void KeysSign(QPainter& painter, const QRectF& box)
 
 void MouseSign(QPainter& painter, const QRectF& box)
 {
-    const QRectF body = DeckGlyphs::Square(box, 0.05).adjusted(box.height() * 0.18, 0, -box.height() * 0.18, 0);
+    const QRectF body = TransportGlyphs::Square(box, 0.05).adjusted(box.height() * 0.18, 0, -box.height() * 0.18, 0);
     painter.drawRoundedRect(body, body.width() * 0.45, body.width() * 0.45);
     painter.setPen(QPen(QColor(0, 0, 0, 150), std::max(1.0, body.width() * 0.08)));
     painter.drawLine(QPointF(body.center().x(), body.top()), QPointF(body.center().x(), body.top() + body.height() * 0.4));
@@ -82,7 +82,7 @@ QPixmap Icon(const QString& key, int side)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(SignColour(key));
-    const QRectF box = DeckGlyphs::Square(QRectF(0, 0, side, side), 0.12);
+    const QRectF box = TransportGlyphs::Square(QRectF(0, 0, side, side), 0.12);
     if (key == QLatin1String("SOUND"))
         SoundSign(painter, box);
     else if (key == QLatin1String("MACRO"))
@@ -108,7 +108,7 @@ QPixmap Switch(bool clicked, const QString& sign, const QSize& size)
     painter.drawRoundedRect(face, 3, 3);
     painter.setPen(Qt::NoPen);
     painter.setBrush(clicked ? QColor(210, 255, 210) : QColor(120, 124, 134));
-    const QRectF box = DeckGlyphs::Square(face, 0.22);
+    const QRectF box = TransportGlyphs::Square(face, 0.22);
     if (sign == QLatin1String("Keys"))
         KeysSign(painter, box);
     else
