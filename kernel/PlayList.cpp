@@ -395,6 +395,8 @@ void PlayList::SetPlayer(const std::shared_ptr<iCartPlayer>& player)
     const auto ours = std::dynamic_pointer_cast<CartPlayer>(player);
     if (player && !ours)
         throw KernelError(QStringLiteral("Playlist %1 can only play on a player of this kernel").arg(m_header.id));
+    if (ours && ours == m_player.lock())
+        return; // given again before each Play: what the player holds of the list stays
     Detach();
     m_player = ours;
     if (ours)

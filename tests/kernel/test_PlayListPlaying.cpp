@@ -190,6 +190,7 @@ TEST_F(PlayListPlayingTest, AnUnchainedListCuesItsNextRowAndWaitsForPlay)
     EXPECT_FALSE(list->Item(1)->Playing());
 
     output.clear();
+    list->SetPlayer(player); // as the status strip does before each Play
     ASSERT_TRUE(list->Play());
     EXPECT_TRUE(list->Item(2)->Playing());
     Run(50);
