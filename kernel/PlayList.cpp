@@ -8,6 +8,7 @@
 #include "kernelapi/KernelError.h"
 #include "kernelapi/iCartPlayer.h"
 #include "kernelapi/iMacroItem.h"
+#include "kernel/audio/CartPlayer.h"
 #include <QRandomGenerator>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -15,12 +16,26 @@
 namespace {
 const QString Object = QStringLiteral("iPlayList");
 
-bool Playable(const std::shared_ptr<iCart>& cart)
+// What the engine plays of a list: rows of sound carts.
+bool HoldsSound(const std::shared_ptr<iCart>& cart)
 {
-    if (!cart)
-        return false;
-    const CartType type = cart->Type();
-    return type == CartType::Sound || type == CartType::Macro || type == CartType::Control;
+    return cart && cart->Type() == CartType::Sound;
+}
+
+// Why a row's cart cannot stand in a list; empty for the kinds a list holds (sound, macro,
+// control).
+QString Unusable(const iCart& cart)
+{
+    switch (cart.Type()) {
+    case CartType::Sound:
+    case CartType::Macro:
+    case CartType::Control:
+        return {};
+    case CartType::Unknown:
+        return QStringLiteral("does not exist or is of an unknown type");
+    default:
+        return QStringLiteral("is a %1 cart").arg(cart.TypeName());
+    }
 }
 }
 
@@ -30,6 +45,7 @@ PlayList::PlayList(std::shared_ptr<CartWorld> world, std::shared_ptr<PlayListSto
 {
 }
 
+// The player holds the list while it plays it, so the list outlives its part on the player.
 PlayList::~PlayList()
 {
     disconnect(m_playerConnection);
@@ -78,6 +94,21 @@ void PlayList::Restore(const std::vector<PlayListStore::Row>& rows)
         items.push_back(item);
     }
     SetItems(std::move(items));
+    WarnUnplayable(QStringLiteral("Restore"));
+}
+
+void PlayList::WarnUnplayable(const QString& procedure) const
+{
+    for (qint32 row = 1; row <= Count(); ++row) {
+        const std::shared_ptr<iCart> cart = m_items[size_t(row - 1)]->Cart();
+        const QString reason = cart ? Unusable(*cart) : QString();
+        if (!reason.isEmpty())
+            m_world->Log().Warn(Object, procedure,
+                                QStringLiteral("Playlist %1: row %2 names cart %3, which %4; the row is passed over when the list plays")
+                                    .arg(m_header.id)
+                                    .arg(row)
+                                    .arg(cart->ID(), reason));
+    }
 }
 
 std::shared_ptr<PlayListItem> PlayList::MakeItem(const std::shared_ptr<iCart>& cart,
@@ -116,7 +147,7 @@ void PlayList::SetNextIndex(qint32 index)
 {
     RequireRow(index, Count() + 1);
     MoveNextIndex(index);
-    StoreHeader();
+    Persist(QStringLiteral("SetNextIndex"), [&] { m_store->WriteNextIndex(m_header); });
 }
 
 void PlayList::MoveNextIndex(qint32 index)
@@ -132,7 +163,7 @@ void PlayList::SetName(const QString& name)
     if (name == m_header.name)
         return;
     m_header.name = name;
-    StoreHeader();
+    Persist(QStringLiteral("SetName"), [&] { m_store->Write(m_header); });
     Q_EMIT Renamed();
 }
 
@@ -141,7 +172,7 @@ void PlayList::SetChained(bool chained)
     if (chained == m_header.chained)
         return;
     m_header.chained = chained;
-    StoreHeader();
+    Persist(QStringLiteral("SetChained"), [&] { m_store->Write(m_header); });
     Q_EMIT StatusChanged();
 }
 
@@ -160,12 +191,48 @@ void PlayList::Store()
         const std::shared_ptr<iCart> cart = item->Cart();
         rows.push_back({cart ? cart->ID() : QString(), item->Ignored(), item->Looped(), item->Modified(), item->Bag().ToText()});
     }
-    m_store->Write(m_header, rows);
+    Persist(QStringLiteral("Store"), [&] { m_store->Write(m_header, rows); });
 }
 
-void PlayList::StoreHeader()
+void PlayList::Persist(const QString& procedure, const std::function<void()>& write)
 {
-    m_store->Write(m_header);
+    const std::shared_ptr<PlayList> self = shared_from_this(); // a vanished list may lose its last holder
+    try {
+        write();
+    } catch (const PlayListStore::Conflict&) {
+        const QString text = QStringLiteral("Playlist %1 was changed on another workstation since it was read here: this "
+                                            "change was not stored, and the list now shows the stored one")
+                                 .arg(m_header.id);
+        m_world->Log().Error(Object, procedure, text);
+        TakeStored(procedure);
+        throw KernelError(text);
+    } catch (const PlayListStore::Gone&) {
+        const QString text = QStringLiteral("Playlist %1 was deleted on another workstation: this change was not stored").arg(m_header.id);
+        m_world->Log().Error(Object, procedure, text);
+        Detach();
+        Q_EMIT Vanished();
+        throw KernelError(text);
+    }
+}
+
+// The list takes what the store holds now; the row its player sounds stays marked.
+void PlayList::TakeStored(const QString& procedure)
+{
+    const std::optional<PlayListStore::Header> stored = m_store->Read(m_header.id);
+    if (!stored)
+        return;
+    m_header = *stored;
+    m_macro.reset();
+    Restore(m_store->ReadRows(m_header.id));
+    const std::shared_ptr<CartPlayer> player = m_player.lock();
+    const int row = player && m_playing && player->LoadedList() == this ? player->CurrentRow() : 0;
+    m_playing = row >= 1 && row <= Count() ? m_items[size_t(row - 1)] : nullptr;
+    if (m_playing)
+        m_playing->SetPlaying(true);
+    m_world->Log().Warn(Object, procedure, QStringLiteral("Playlist %1 now shows version %2 from the store").arg(m_header.id).arg(m_header.version));
+    Q_EMIT ContentChanged();
+    Q_EMIT StatusChanged();
+    Q_EMIT Renamed();
 }
 
 void PlayList::Edited()
@@ -191,6 +258,7 @@ void PlayList::Load(const QString& cartID)
     m_header.modified = false;
     MoveNextIndex(1);
     Store();
+    WarnUnplayable(QStringLiteral("Load"));
     Q_EMIT ContentChanged();
     Q_EMIT StatusChanged();
     Q_EMIT Renamed();
@@ -218,6 +286,7 @@ void PlayList::Save()
         return;
     }
     id = CartID::Require(id);
+    Store(); // refused here, before the macro is touched, when another workstation changed the list
     auto macro = std::make_shared<Macro>(m_world);
     if (m_world->Store().Exists(id))
         macro->LoadByID(id);
@@ -323,91 +392,117 @@ void PlayList::CartMoved(const QString& fromID, const QString& toID)
 
 void PlayList::SetPlayer(const std::shared_ptr<iCartPlayer>& player)
 {
+    const auto ours = std::dynamic_pointer_cast<CartPlayer>(player);
+    if (player && !ours)
+        throw KernelError(QStringLiteral("Playlist %1 can only play on a player of this kernel").arg(m_header.id));
+    if (ours && ours == m_player.lock())
+        return; // given again before each Play: what the player holds of the list stays
     Detach();
-    m_player = player;
-    if (player)
-        m_playerConnection = connect(player.get(), &iCartPlayer::StatusChanged, this, &PlayList::PlayerStatusChanged);
+    m_player = ours;
+    if (ours)
+        m_playerConnection = connect(ours.get(), &CartPlayer::RowChanged, this, &PlayList::PlayerRowChanged);
 }
 
 void PlayList::Detach()
 {
+    if (const std::shared_ptr<CartPlayer> player = m_player.lock())
+        player->LetGoOf(this);
     disconnect(m_playerConnection);
-    if (m_playing)
-        Finish();
+    m_player.reset();
+}
+
+std::shared_ptr<CartPlayer> PlayList::Player(const char* procedure) const
+{
+    std::shared_ptr<CartPlayer> player = m_player.lock();
+    if (!player)
+        throw KernelError(QStringLiteral("Playlist %1 has no player (%2)").arg(m_header.id, QLatin1String(procedure)));
+    return player;
 }
 
 bool PlayList::Play()
 {
-    const std::shared_ptr<iCartPlayer> player = m_player.lock();
-    const qint32 row = NextPlayable(m_header.nextIndex);
-    if (!player || row == 0) {
+    const std::shared_ptr<CartPlayer> player = m_player.lock();
+    if (!player || NextPlayable(m_header.nextIndex) == 0) {
         m_world->Log().Warn(Object, QStringLiteral("Play"),
                             QStringLiteral("Playlist %1 cannot start: %2").arg(m_header.id, player ? QStringLiteral("nothing left to play") : QStringLiteral("no player")));
         return false;
     }
-    return Start(row);
+    Cue(*player);
+    player->Play();
+    return true;
+}
+
+void PlayList::SetWaitForStart(const QDateTime& start)
+{
+    if (!start.isValid()) {
+        if (const std::shared_ptr<CartPlayer> player = m_player.lock(); player && player->LoadedList() == this)
+            player->PlayAt(std::nullopt);
+        EndWait();
+        return;
+    }
+    const std::shared_ptr<CartPlayer> player = Player("SetWaitForStart");
+    if (NextPlayable(m_header.nextIndex) == 0)
+        throw KernelError(QStringLiteral("Playlist %1 has nothing left to play from row %2").arg(m_header.id).arg(m_header.nextIndex));
+    Cue(*player);
+    player->PlayAt(player->ClockMs() + QDateTime::currentDateTime().msecsTo(start));
+    m_waitForStart = start;
+    Q_EMIT StatusChanged();
+}
+
+void PlayList::EndWait()
+{
+    if (!m_waitForStart.isValid())
+        return;
+    m_waitForStart = QDateTime();
+    Q_EMIT StatusChanged();
+}
+
+void PlayList::Cue(CartPlayer& player)
+{
+    const qint32 status = player.Status();
+    const bool atRest = status == qint32(CartPlayerStatus::Ready) || status == qint32(CartPlayerStatus::Cued)
+                        || status == qint32(CartPlayerStatus::Cueing);
+    if (atRest && player.LoadedList() == this && player.CurrentRow() == NextPlayable(m_header.nextIndex))
+        return;
+    player.Load(std::static_pointer_cast<iPlayList>(shared_from_this()));
 }
 
 qint32 PlayList::NextPlayable(qint32 from) const
 {
     for (qint32 row = std::max(from, 1); row <= Count(); ++row) {
         const auto& item = m_items[size_t(row - 1)];
-        if (!item->Ignored() && Playable(item->Cart()))
+        if (!item->Ignored() && HoldsSound(item->Cart()))
             return row;
     }
     return 0;
 }
 
-bool PlayList::Start(qint32 row)
+// The player moved to another row of the list, or left it. Events: the row that ended, the
+// row that starts, then StatusChanged when PlayState or Waiting changed.
+void PlayList::PlayerRowChanged(const iPlayList* list, int row)
 {
-    const std::shared_ptr<iCartPlayer> player = m_player.lock();
-    const std::shared_ptr<PlayListItem> item = m_items[size_t(row - 1)];
-    if (m_playing)
-        Finish();
-    player->SetLoop(item->Looped());
-    player->Load(item->Cart());
-    if (!player->Loaded()) {
-        m_world->Log().Error(Object, QStringLiteral("Play"), QStringLiteral("Playlist %1: the player refused row %2 (%3)").arg(m_header.id).arg(row).arg(item->Cart()->ID()));
-        return false;
+    if (list != this)
+        return;
+    const std::shared_ptr<PlayListItem> item = row >= 1 && row <= Count() ? m_items[size_t(row - 1)] : nullptr;
+    const bool wasPlaying = m_playing != nullptr;
+    if (item != m_playing) {
+        const std::shared_ptr<PlayListItem> old = std::exchange(m_playing, item);
+        if (old) {
+            old->SetPlaying(false);
+            if (const qint32 index = IndexOf(old.get()))
+                Q_EMIT ChangedPlayListItem(index);
+        }
+        if (item) {
+            item->SetPlaying(true);
+            Q_EMIT ChangedPlayListItem(row);
+        }
     }
-    m_playing = item;
-    m_sounding = false;
-    item->SetPlaying(true);
-    MoveNextIndex(row + 1);
-    StoreHeader();
-    Q_EMIT ChangedPlayListItem(row);
-    Q_EMIT StatusChanged();
-    player->Play();
-    return true;
-}
-
-void PlayList::PlayerStatusChanged(qint32 status)
-{
-    const std::shared_ptr<iCartPlayer> player = m_player.lock();
-    if (!m_playing || !player)
-        return;
-    if (status == qint32(CartPlayerStatus::Playing)) {
-        m_sounding = true;
-        return;
-    }
-    const bool takenOver = player->Cart() && player->Cart() != m_playing->Cart();
-    if (!takenOver && (status != qint32(CartPlayerStatus::Ready) || !m_sounding))
-        return;
-    Finish();
-    const qint32 next = NextPlayable(m_header.nextIndex);
-    if (!takenOver && m_header.chained && next > 0 && Start(next))
-        return;
-    if (next == 0 && m_header.autoClose)
+    const std::shared_ptr<CartPlayer> player = m_player.lock();
+    const bool waitOver = Waiting() && (m_playing || !player || !player->WaitsToPlay());
+    if (waitOver)
+        m_waitForStart = QDateTime();
+    if (wasPlaying && !m_playing && m_header.autoClose && NextPlayable(m_header.nextIndex) == 0)
         SetNextIndex(1);
-}
-
-// The row the list played is over.
-void PlayList::Finish()
-{
-    const std::shared_ptr<PlayListItem> item = std::exchange(m_playing, nullptr);
-    item->SetPlaying(false);
-    m_sounding = false;
-    if (const qint32 row = IndexOf(item.get()))
-        Q_EMIT ChangedPlayListItem(row);
-    Q_EMIT StatusChanged();
+    if (waitOver || wasPlaying != (m_playing != nullptr))
+        Q_EMIT StatusChanged();
 }

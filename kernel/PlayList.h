@@ -1,8 +1,10 @@
 #pragma once
 #include "kernel/PlayListStore.h"
 #include "kernelapi/iPlayList.h"
+#include <functional>
 #include <vector>
 
+class CartPlayer;
 class CartWorld;
 class Macro;
 class PlayListItem;
@@ -10,17 +12,21 @@ class iObjectWithProperties;
 
 // A playlist of the station: its rows live in the kernel's tables and every change is stored
 // at once, so lists outlast the session; Save writes the rows into the list's macro (the
-// catalogue's copy) and clears Modified, Reload reads the macro back.
+// catalogue's copy) and clears Modified, Reload reads the macro back. An edit is stored only
+// over the version it was made on: when another workstation stored a newer one, the edit is
+// refused with an ERROR line and a KernelError and the list takes the stored rows; when
+// another workstation deleted the list, it says so and leaves the collection (Vanished).
 //
-// Playing: Play loads the next playable row (from NextIndex on, skipping blank, ignored and
-// unplayable rows) into the list's player through iCartPlayer and starts it; NextIndex moves
-// past it. When the player returns to Ready after sounding that cart, a chained list starts
-// the next row itself; an unchained one stops. At the end of the rows a list with AutoClose
-// goes back to its first row. If someone else loads another cart into the player, the list
-// stops following it. NextIndex follows the row it points at through inserts, deletes and
-// lifts, and may stand one past the last row. Shuffle mixes the rows not yet played (from
-// NextIndex on).
-class PlayList : public iPlayList
+// Playing: the list's player (a player of this kernel) is loaded with the list itself, so the
+// engine plays it row by row (PlayQueue): a chained list's next row is prepared while a row
+// plays and starts on the frame it ends; an unchained one cues its next row and waits for
+// Play. The player tells which row sounds (RowChanged), and the list sets Playing, PlayState
+// and raises its events from that. At the end of the rows a list with AutoClose goes back to
+// its first row. NextIndex follows the row it points at through inserts, deletes and lifts,
+// and may stand one past the last row. Shuffle mixes the rows not yet played (from NextIndex
+// on). A row naming a cart that does not exist, or one of a type that holds no sound, is
+// passed over with a WARN line when the list is read.
+class PlayList : public iPlayList, public std::enable_shared_from_this<PlayList>
 {
     Q_OBJECT
 public:
@@ -28,8 +34,9 @@ public:
              QObject* parent = nullptr);
     ~PlayList() override;
 
-    QDateTime WaitForStart() const override { return {}; }
-    bool Waiting() const override { return false; }
+    QDateTime WaitForStart() const override { return m_waitForStart; }
+    bool Waiting() const override { return m_waitForStart.isValid(); }
+    void SetWaitForStart(const QDateTime& start) override;
     qint32 LoadState() const override { return m_macro ? 1 : 0; }
     qint32 PlayState() const override { return m_playing ? 1 : 0; }
     qint32 NextIndex() const override { return m_header.nextIndex; }
@@ -61,12 +68,15 @@ public:
     void Restore(const std::vector<PlayListStore::Row>& rows);
     // Rows holding a cart that was renumbered take the cart of its new ID.
     void CartMoved(const QString& fromID, const QString& toID);
-    // Stops following the player, before the list goes away.
+    // Lets go of the player, before the list goes away: what it sounds plays on, nothing
+    // follows.
     void Detach();
 
 Q_SIGNALS:
     // The list's name changed.
     void Renamed();
+    // Another workstation deleted the list.
+    void Vanished();
 
 private:
     using Items = std::vector<std::shared_ptr<PlayListItem>>;
@@ -74,28 +84,33 @@ private:
     std::shared_ptr<PlayListItem> MakeItem(const std::shared_ptr<iCart>& cart, const std::shared_ptr<iObjectWithProperties>& properties);
     void SetItems(Items items);
     void RequireRow(qint32 row, qint32 last) const;
+    void WarnUnplayable(const QString& procedure) const;
     // After a change of the rows: the list is modified, stored, and its holders told.
     void Edited();
     void SetModified(bool modified);
     void Store();
-    void StoreHeader();
+    // Runs a write of the store; a refused one is reported and undone as the class tells.
+    void Persist(const QString& procedure, const std::function<void()>& write);
+    void TakeStored(const QString& procedure);
     void MoveNextIndex(qint32 index);
     void Swap(qint32 upper);
     qint32 IndexOf(const PlayListItem* item) const;
     void ItemChanged(const PlayListItem* item);
 
+    std::shared_ptr<CartPlayer> Player(const char* procedure) const;
     qint32 NextPlayable(qint32 from) const;
-    bool Start(qint32 row);
-    void PlayerStatusChanged(qint32 status);
-    void Finish();
+    // Loads the list into its player unless the player already holds its next row, cued.
+    void Cue(CartPlayer& player);
+    void PlayerRowChanged(const iPlayList* list, int row);
+    void EndWait();
 
     std::shared_ptr<CartWorld> m_world;
     std::shared_ptr<PlayListStore> m_store;
     PlayListStore::Header m_header;
     Items m_items;
     std::shared_ptr<Macro> m_macro;
-    std::weak_ptr<iCartPlayer> m_player;
+    std::weak_ptr<CartPlayer> m_player;
     QMetaObject::Connection m_playerConnection;
     std::shared_ptr<PlayListItem> m_playing; // the row the player sounds for the list
-    bool m_sounding = false;                 // the player has reported Playing for it
+    QDateTime m_waitForStart;
 };

@@ -51,7 +51,7 @@ std::shared_ptr<iPlayList> PlayLists::Add()
     PlayListStore::Header header;
     header.id = id;
     header.name = QStringLiteral("Playlist %1").arg(id.mid(2).toInt());
-    m_store->Write(header, {});
+    m_store->Create(header, {});
     std::shared_ptr<PlayList> list = Make(header);
     lists.push_back(list);
     m_world->Log().Ok(Object, QStringLiteral("Add"), QStringLiteral("Playlist %1 made").arg(id));
@@ -64,8 +64,14 @@ std::shared_ptr<iPlayList> PlayLists::AddFromMacro(const QString& macroID)
     std::vector<std::shared_ptr<PlayList>>& lists = Lists();
     PlayListStore::Header header;
     header.id = m_store->NewID();
+    m_store->Create(header, {});
     std::shared_ptr<PlayList> list = Make(header);
-    list->Load(macroID); // a refused macro leaves no list behind: Load stores nothing before it has the macro
+    try {
+        list->Load(macroID);
+    } catch (const KernelError&) {
+        m_store->Remove(header.id); // a refused macro leaves no list behind
+        throw;
+    }
     lists.push_back(list);
     m_world->Log().Ok(Object, QStringLiteral("AddFromMacro"), QStringLiteral("Playlist %1 made from %2").arg(list->ID(), macroID));
     Q_EMIT ChangedCount();
@@ -108,7 +114,19 @@ std::shared_ptr<PlayList> PlayLists::Make(const PlayListStore::Header& header) c
     const auto changed = [self, id = header.id] { Q_EMIT self->ChangedPlayList(id); };
     connect(list.get(), &PlayList::StatusChanged, self, changed);
     connect(list.get(), &PlayList::Renamed, self, changed);
+    connect(list.get(), &PlayList::Vanished, self, [self, id = header.id] { self->Forget(id); });
     return list;
+}
+
+// Another workstation deleted the list: it leaves the collection, as after Remove.
+void PlayLists::Forget(const QString& id)
+{
+    const int index = IndexOf(id);
+    if (index == 0)
+        return;
+    m_lists->erase(m_lists->begin() + (index - 1));
+    m_world->Log().Warn(Object, QStringLiteral("Forget"), QStringLiteral("Playlist %1 left the collection: another workstation deleted it").arg(id));
+    Q_EMIT ChangedCount();
 }
 
 void PlayLists::CartMoved(const QString& fromID, const QString& toID)

@@ -28,6 +28,7 @@ private:
     std::vector<std::shared_ptr<PlayList>>& Lists() const;
     std::shared_ptr<PlayList> Make(const PlayListStore::Header& header) const;
     void CartMoved(const QString& fromID, const QString& toID);
+    void Forget(const QString& id);
 
     std::shared_ptr<CartWorld> m_world;
     mutable std::shared_ptr<PlayListStore> m_store;

@@ -11,7 +11,9 @@ class iPlayListItem;
 
 // A playlist: rows of carts that play one after the other on a player, loaded from and saved
 // to a macro. Rows count from 1; a row may be blank. Walking it with Count and Item gives the
-// rows in order. A failed call throws KernelError.
+// rows in order. A failed call throws KernelError. Several workstations may hold the same
+// list: an edit of a list that another workstation changed or deleted since this one read it
+// is not stored, and throws KernelError saying so; a changed list then shows the stored rows.
 class iPlayList : public QObject
 {
     Q_OBJECT
@@ -19,10 +21,15 @@ public:
     using QObject::QObject;
     ~iPlayList() override = default;
 
-    // The time a waiting list starts at.
+    // The time a waiting list starts at; invalid when it waits for none.
     virtual QDateTime WaitForStart() const = 0;
     // Whether the list waits for WaitForStart.
     virtual bool Waiting() const = 0;
+    // Makes the list wait: its next row is cued on its player now and starts by itself at that
+    // time, as Play would start it; an invalid time ends the wait. Waiting ends when the row
+    // starts, or when the player is given something else. Raises StatusChanged. Throws
+    // KernelError without a player or with nothing left to play.
+    virtual void SetWaitForStart(const QDateTime& start) = 0;
     // 1 when a macro is loaded, 0 otherwise.
     virtual qint32 LoadState() const = 0;
     // 1 while the list plays, 0 otherwise.
@@ -71,15 +78,19 @@ public:
     // Reloads the list from its stored macro, dropping unsaved changes.
     virtual void Reload() = 0;
     // Starts the list on its player; false when it cannot start (no player, nothing to play).
+    // A chained list goes on from row to row by itself, each row starting on the frame the one
+    // before ends; an unchained one cues its next row when a row ends, and waits for Play.
     virtual bool Play() = 0;
 
 Q_SIGNALS:
     // Rows were added, removed or reordered: holders reload the list.
     void ContentChanged();
-    // One row changed.
+    // One row changed (also its Playing flag). When a chained list moves on, ChangedNextIndex
+    // comes first, then the row that ended, then the row that starts.
     void ChangedPlayListItem(qint32 index);
     void ChangedNextIndex(qint32 oldIndex, qint32 newIndex);
-    // LoadState, PlayState, Modified, Chained, AutoClose or Waiting changed.
+    // LoadState, PlayState, Modified, Chained, AutoClose or Waiting changed. PlayState stays 1
+    // while a chained list moves from row to row.
     void StatusChanged();
     // The list has no ID to be saved under: the holder writes one into *name, or leaves it
     // empty to cancel the save.

@@ -156,7 +156,7 @@ std::vector<Table> KernelTables()
         // Playlists: the lists of the station and their rows, in Index order.
         {"PlayList",
          {Text("ID", 10, "NOT NULL"), Text("Name", 50), Text("Description", 255), Text("MacroID", 7), Boolean("Chained"),
-          Boolean("AutoClose"), Boolean("Modified"), Integer("NextIndex", "DEFAULT 1")},
+          Boolean("AutoClose"), Boolean("Modified"), Integer("NextIndex", "DEFAULT 1"), Integer("Version", "DEFAULT 0")},
          {"ID"},
          {}},
         {"PlayListItem",

@@ -108,6 +108,7 @@ void CartPlayer::LoadQueue(PlayQueue queue)
 {
     Voice& voice = FreeVoice();
     const bool ready = PrepareVoice(voice, queue.Current(), 0);
+    m_playAtMs.reset();
     Retire(m_next);
     if (Sounding()) {
         Retire(m_outgoing);
@@ -154,6 +155,7 @@ bool CartPlayer::Switch(const PlayStep& step, int position)
 
 void CartPlayer::Eject()
 {
+    m_playAtMs.reset();
     m_front->Clear();
     Retire(m_outgoing);
     Retire(m_next);
@@ -172,6 +174,7 @@ void CartPlayer::Play(bool chained, bool, const std::shared_ptr<iStream>& prefer
         return;
     }
     RequireLoaded();
+    m_playAtMs.reset();
     switch (m_status) {
     case CartPlayerStatus::Playing:
     case CartPlayerStatus::Expiring:
@@ -190,7 +193,7 @@ void CartPlayer::Play(bool chained, bool, const std::shared_ptr<iStream>& prefer
             m_front->Start();
         }
     }
-    m_queue.Started();
+    MarkStarted();
     EnterPlaying();
 }
 
@@ -222,6 +225,7 @@ void CartPlayer::Pause()
 
 void CartPlayer::Stop()
 {
+    m_playAtMs.reset();
     StopOutgoing();
     DisarmNext();
     if (Loaded() && (Sounding() || m_status == CartPlayerStatus::Paused))
@@ -307,7 +311,7 @@ void CartPlayer::StartNextStep(const PlayStep& step, bool sounding)
     SetTitle(step.title);
     if (sounding) {
         m_front->Start();
-        m_queue.Started();
+        MarkStarted();
         EnterPlaying();
     } else {
         m_windClockMs = ClockMs() - WindSettleMs;
@@ -389,6 +393,10 @@ void CartPlayer::OnEngineTick()
 {
     Safely(m_log, "OnEngineTick", [&] {
         SettleCued();
+        if (m_playAtMs && ClockMs() >= *m_playAtMs) {
+            m_playAtMs.reset();
+            Play();
+        }
         if (!Sounding())
             return;
         if (!m_next)
@@ -434,7 +442,7 @@ void CartPlayer::NextStarted()
     m_front = m_next;
     m_next = nullptr;
     m_queue.Advance();
-    m_queue.Started();
+    MarkStarted();
     m_cue = 0;
     SetTitle(m_queue.Current().title);
     EnterPlaying();
@@ -618,10 +626,49 @@ void CartPlayer::SaveDefaultVolume()
 
 void CartPlayer::SetStatus(CartPlayerStatus status)
 {
-    if (m_status == status)
+    if (m_status != status) {
+        m_status = status;
+        Q_EMIT StatusChanged(static_cast<qint32>(status));
+    }
+    ReportRow();
+}
+
+// Tells the playlists which of their rows sounds now; every change of what the player holds or
+// does passes through SetStatus.
+void CartPlayer::ReportRow()
+{
+    const std::shared_ptr<iPlayList> list = m_queue.List();
+    const int row = list && (Sounding() || m_status == CartPlayerStatus::Paused) ? m_queue.Current().row : 0;
+    const std::shared_ptr<iPlayList> before = std::exchange(m_reportedList, list);
+    const int rowBefore = std::exchange(m_reportedRow, row);
+    if (before && before != list)
+        Q_EMIT RowChanged(before.get(), 0);
+    if (list && (list != before || row != rowBefore))
+        Q_EMIT RowChanged(list.get(), row);
+}
+
+void CartPlayer::LetGoOf(const iPlayList* list)
+{
+    if (!list || m_queue.List().get() != list)
         return;
-    m_status = status;
-    Q_EMIT StatusChanged(static_cast<qint32>(status));
+    m_playAtMs.reset();
+    DisarmNext();
+    m_queue.LetGo();
+    ReportRow();
+}
+
+void CartPlayer::PlayAt(std::optional<std::int64_t> clockMs)
+{
+    if (clockMs)
+        RequireLoaded();
+    m_playAtMs = clockMs;
+}
+
+// The step sounds: a playlist moves its next-row arrow past it. A list that cannot store that
+// costs an ERROR line, never the player's state.
+void CartPlayer::MarkStarted()
+{
+    Safely(m_log, "Play", [&] { m_queue.Started(); });
 }
 
 void CartPlayer::SetTitle(const QString& title)

@@ -5,6 +5,7 @@
 #include "kernelapi/iCartPlayer.h"
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 class AudioEngine;
 class StreamMix;
@@ -82,6 +83,24 @@ public:
     // Callbacks that found a voice's ring empty while it should sound.
     std::uint64_t Underruns() const;
 
+    // The playlist the player reads its steps from, if any, and the row of the step it holds.
+    const iPlayList* LoadedList() const { return m_queue.List().get(); }
+    int CurrentRow() const { return Loaded() ? m_queue.Current().row : 0; }
+    // The playlist stops feeding the player: the step it holds plays on, nothing follows.
+    void LetGoOf(const iPlayList* list);
+    // Plays what is loaded on the first engine tick at or after that time of the channel's
+    // clock; none forgets it, as any later Load, Play, Stop or Eject does.
+    void PlayAt(std::optional<std::int64_t> clockMs);
+    bool WaitsToPlay() const { return m_playAtMs.has_value(); }
+    // The clock of the player's channel: ms of audio its device has processed.
+    std::int64_t ClockMs() const;
+
+Q_SIGNALS:
+    // The playlist row the player sounds (or holds paused) changed: row is the list's row, 0
+    // when the player sounds none of that list any more (it ended, waits for a Play, or holds
+    // something else).
+    void RowChanged(const iPlayList* list, int row);
+
 private:
     void OnEngineEvent(const EngineEvent& event) override;
     void OnEngineTick() override;
@@ -121,7 +140,8 @@ private:
     float Gain() const;
     void ApplyGain();
     qint16 CartDefaultVolume() const;
-    std::int64_t ClockMs() const;
+    void ReportRow();
+    void MarkStarted();
 
     void SetStatus(CartPlayerStatus status);
     void SetTitle(const QString& title);
@@ -150,4 +170,7 @@ private:
     qint16 m_volume = 0;
     int m_shownTenth = -1;
     std::int64_t m_windClockMs = 0;
+    std::optional<std::int64_t> m_playAtMs;
+    std::shared_ptr<iPlayList> m_reportedList; // the list RowChanged last spoke of
+    int m_reportedRow = 0;
 };

@@ -140,3 +140,8 @@ void PlayQueue::Started()
     if (m_list && m_list->NextIndex() <= m_current->row)
         m_list->SetNextIndex(m_current->row + 1);
 }
+
+void PlayQueue::LetGo()
+{
+    m_list.reset();
+}

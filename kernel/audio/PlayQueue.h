@@ -39,6 +39,10 @@ public:
     void Restart();
     // The current step began to sound: a playlist's next-row arrow moves past it.
     void Started();
+    // The playlist it reads, if any.
+    const std::shared_ptr<iPlayList>& List() const { return m_list; }
+    // Keeps the current step alone: nothing follows it any more.
+    void LetGo();
 
 private:
     static PlayStep SoundStep(const std::shared_ptr<iCart>& cart);

@@ -1,5 +1,4 @@
 #include "test_CartsFixture.h"
-#include "kernelapi/iCartPlayer.h"
 #include "kernelapi/iMacro.h"
 #include "kernelapi/iObjectWithProperties.h"
 #include "kernelapi/iPlayList.h"
@@ -7,60 +6,6 @@
 #include <QSignalSpy>
 
 namespace {
-// A player that sounds at once and ends when told: the list's side of the player is all
-// these tests need, and a real one would have to run for the length of each cart.
-class FakePlayer : public iCartPlayer
-{
-public:
-    bool Loaded() const override { return m_cart != nullptr; }
-    std::shared_ptr<iStream> Stream() const override { return nullptr; }
-    bool Loop() const override { return m_loop; }
-    void SetLoop(bool loop) override { m_loop = loop; }
-    qint16 Volume() const override { return 0; }
-    void SetVolume(qint16) override {}
-    qint32 CuePosition() const override { return 0; }
-    qint32 CueRemaining() const override { return 0; }
-    void SetPosition(qint32) override {}
-    qint32 PausePosition() const override { return 0; }
-    qint32 PauseRemaining() const override { return 0; }
-    qint32 PlayPosition() const override { return 0; }
-    qint32 Status() const override { return m_status; }
-    QString DisplayTitle() const override { return {}; }
-    std::shared_ptr<iCart> Cart() const override { return m_cart; }
-    void VolumeToZero() override {}
-    void VolumeToCartDefault() override {}
-    void SaveDefaultVolume() override {}
-    void Load(const std::shared_ptr<iCart>& cart) override
-    {
-        m_cart = cart;
-        played << (cart ? cart->ID() : QString());
-        SetStatus(CartPlayerStatus::Ready);
-    }
-    void Load(const std::shared_ptr<iPlayList>&) override {}
-    void Play(bool, bool, const std::shared_ptr<iStream>&, bool, qint32) override { SetStatus(CartPlayerStatus::Playing); }
-    void Pause() override {}
-    void Eject() override {}
-    void Cue() override {}
-    void Recue() override {}
-    void FastForward(qint32) override {}
-    void Rewind(qint32) override {}
-    void Skip() override {}
-    void Stop() override { SetStatus(CartPlayerStatus::Ready); }
-
-    void SetStatus(CartPlayerStatus status)
-    {
-        m_status = qint32(status);
-        Q_EMIT StatusChanged(m_status);
-    }
-
-    QStringList played;
-
-private:
-    std::shared_ptr<iCart> m_cart;
-    bool m_loop = false;
-    qint32 m_status = 0;
-};
-
 QStringList RowIDs(const iPlayList& list)
 {
     QStringList ids;
@@ -207,61 +152,6 @@ TEST_F(PlayListsTest, SavingWritesTheMacroAfterAskingForWhatIsMissing)
     EXPECT_EQ(copy->Name(), QStringLiteral("MES0020"));
     EXPECT_THROW(lists->AddFromMacro(QStringLiteral("JIN0001")), KernelError);
     EXPECT_EQ(lists->Count(), 3) << "a refused macro makes no list";
-}
-
-TEST_F(PlayListsTest, AListPlaysItsRowsOnItsPlayerAndChainsWhenChained)
-{
-    const auto list = lists->Add();
-    EXPECT_FALSE(list->Play()) << "no player";
-    auto player = std::make_shared<FakePlayer>();
-    list->SetPlayer(player);
-    EXPECT_FALSE(list->Play()) << "nothing to play";
-
-    list->Put(1, CartOf("JIN0001"));
-    list->Put(2, nullptr);
-    list->Put(3, CartOf("JIN0002"));
-    list->Put(4, CartOf("JIN0003"));
-    list->Put(5, CartOf("JIN0004"));
-    list->Item(4)->SetIgnored(true);
-    QSignalSpy status(list.get(), &iPlayList::StatusChanged);
-
-    ASSERT_TRUE(list->Play());
-    EXPECT_EQ(list->PlayState(), 1);
-    EXPECT_TRUE(list->Item(1)->Playing());
-    EXPECT_EQ(list->NextIndex(), 2);
-    player->SetStatus(CartPlayerStatus::Ready); // the cart ended; the list is not chained
-    EXPECT_EQ(list->PlayState(), 0);
-    EXPECT_FALSE(list->Item(1)->Playing());
-    EXPECT_EQ(player->played, QStringList({"JIN0001"}));
-
-    list->SetChained(true);
-    ASSERT_TRUE(list->Play());
-    player->SetStatus(CartPlayerStatus::Ready);
-    EXPECT_EQ(player->played, QStringList({"JIN0001", "JIN0002", "JIN0004"})) << "blank and ignored rows are passed over";
-    EXPECT_TRUE(list->Item(5)->Playing());
-    player->SetStatus(CartPlayerStatus::Ready);
-    EXPECT_EQ(list->PlayState(), 0);
-    EXPECT_EQ(list->NextIndex(), 6);
-    EXPECT_FALSE(list->Play());
-
-    // Another cart loaded into the player: the list lets it go and starts nothing.
-    list->SetNextIndex(1);
-    ASSERT_TRUE(list->Play());
-    player->Load(CartOf("MUS0001"));
-    EXPECT_EQ(list->PlayState(), 0);
-    EXPECT_EQ(player->played.last(), QStringLiteral("MUS0001"));
-    EXPECT_GE(status.count(), 6);
-
-    // A list that closes by itself goes back to its first row after the last one.
-    const auto hour = lists->Item(QStringLiteral("PL0001"));
-    ASSERT_TRUE(hour->AutoClose());
-    hour->SetPlayer(player);
-    ASSERT_TRUE(hour->Play());
-    for (int i = 0; i < 3; ++i)
-        player->SetStatus(CartPlayerStatus::Ready);
-    EXPECT_EQ(player->played.mid(player->played.size() - 3), QStringList({"CON0003", "JIN0001", "MUS0001"}));
-    EXPECT_EQ(hour->PlayState(), 0);
-    EXPECT_EQ(hour->NextIndex(), 1);
 }
 
 TEST_F(PlayListsTest, ListRowsFollowAMovedCart)
