@@ -75,7 +75,9 @@ void UCPlayListDiskOperation::SetPlayList(const std::shared_ptr<iPlayList>& list
         // Direct: the list waits for the answer of its questions.
         m_connections << connect(raw, &iPlayList::RequestNameToSave, this, &UCPlayListDiskOperation::iPlayList_RequestNameToSave, Qt::DirectConnection)
                       << connect(raw, &iPlayList::RequestDescriptionToSave, this, &UCPlayListDiskOperation::iPlayList_RequestDescriptionToSave, Qt::DirectConnection)
-                      << connect(raw, &iPlayList::StatusChanged, this, &UCPlayListDiskOperation::iPlayList_StatusChanged);
+                      << connect(raw, &iPlayList::StatusChanged, this, &UCPlayListDiskOperation::iPlayList_StatusChanged)
+                      // A save or load of a list that was not modified changes its macro without a status event.
+                      << connect(raw, &iPlayList::ContentChanged, this, &UCPlayListDiskOperation::iPlayList_StatusChanged);
     }
     GrabEnabled();
 }

@@ -35,7 +35,8 @@ UCPlayListStatus::UCPlayListStatus(QWidget* parent) : QWidget(parent)
 UCPlayListStatus::~UCPlayListStatus()
 {
     SilenceDescendants(*this);
-    disconnect(m_statusConnection);
+    for (const auto& connection : std::as_const(m_connections))
+        disconnect(connection);
 }
 
 void UCPlayListStatus::CreateControls()
@@ -132,10 +133,13 @@ bool UCPlayListStatus::PlayShown() const
 
 void UCPlayListStatus::SetPlayList(const std::shared_ptr<iPlayList>& list)
 {
-    disconnect(m_statusConnection);
+    for (const auto& connection : std::exchange(m_connections, {}))
+        disconnect(connection);
     m_list = list;
+    // A save or load of a list that was not modified changes its macro without a status event.
     if (m_list)
-        m_statusConnection = connect(m_list.get(), &iPlayList::StatusChanged, this, &UCPlayListStatus::iPlayList_StatusChanged);
+        m_connections << connect(m_list.get(), &iPlayList::StatusChanged, this, &UCPlayListStatus::iPlayList_StatusChanged)
+                      << connect(m_list.get(), &iPlayList::ContentChanged, this, &UCPlayListStatus::iPlayList_StatusChanged);
     GrabStatus();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 #include "onair/PlayListStatusTable.h"
 #include <QHash>
+#include <QList>
 #include <QMetaObject>
 #include <QWidget>
 #include <memory>
@@ -62,7 +63,7 @@ private:
     UCChannelStreamSelector* UCChannelStreamSelector1;
 
     std::shared_ptr<iPlayList> m_list;
-    QMetaObject::Connection m_statusConnection;
+    QList<QMetaObject::Connection> m_connections;
     QHash<int, QString> m_icons;
     // The words as shown: English until Init translates them.
     QHash<QString, QString> m_words;
