@@ -25,7 +25,9 @@ std::shared_ptr<iPlayLists> Lists()
 IFPlayList::IFPlayList(QWidget* parent) : QWidget(parent)
 {
     setObjectName(Object);
-    setStyleSheet(QStringLiteral("QComboBox#CboPlayListNames { font-weight: bold; }"));
+    // The dark ground of the on-air controls, under the strip's light words.
+    setAttribute(Qt::WA_StyledBackground);
+    setStyleSheet(QStringLiteral("IFPlayList { background: rgb(28, 32, 40); } QComboBox#CboPlayListNames { font-weight: bold; }"));
     CboPlayListNames = new QComboBox(this);
     CboPlayListNames->setObjectName(QStringLiteral("CboPlayListNames"));
     UCPlayListStatus1 = new UCPlayListStatus(this);

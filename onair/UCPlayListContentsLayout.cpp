@@ -68,9 +68,9 @@ void UCPlayListContents::CreateControls()
         header->setSectionResizeMode(column, QHeaderView::Fixed);
         GrdPlayListItems->setColumnWidth(column, IconColumnWidth);
     }
-    GrdPlayListItems->setColumnWidth(ID, 64);
-    GrdPlayListItems->setColumnWidth(Time, 74);
-    GrdPlayListItems->setColumnWidth(UsefulTime, 84);
+    GrdPlayListItems->setColumnWidth(ID, 74);
+    GrdPlayListItems->setColumnWidth(Time, 92);
+    GrdPlayListItems->setColumnWidth(UsefulTime, 96);
     QStringList headers;
     for (const char* text : Headers)
         headers << (*text ? Tr(QString::fromLatin1(text)) : QString());
