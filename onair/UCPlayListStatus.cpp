@@ -12,7 +12,7 @@
 #include "onair/PlayListButtonPictures.h"
 #include "onair/PlayListPictures.h"
 #include "onair/UCChannelStreamSelector.h"
-#include <QGridLayout>
+#include <QVBoxLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
