@@ -7,11 +7,16 @@
 #include "foundation/ui/TranslateWidgets.h"
 #include "metering/IFVumeters.h"
 #include "onair/IFCartPlayer.h"
+#include "onair/IFFastCarts.h"
+#include "onair/IFPlayList.h"
+#include "onair/IFPlayLists.h"
 #include "foundation/ui/Twips.h"
 #include "shell/FormPlacement.h"
 #include <QDropEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -26,9 +31,13 @@ FrmOnAir::FrmOnAir()
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(8, 8, 8, 8);
     columns->setSpacing(10);
-    columns->addWidget(BuildBrowsers(), 5);
+    columns->addWidget(BuildBrowsers(), 4);
+    columns->addWidget(BuildLists(), 4);
     columns->addWidget(BuildDecks(), 4);
     WireControls();
+    // The page itself holds the focus when it opens, so that the keys fire the pads until a
+    // text box is chosen.
+    setFocusPolicy(Qt::StrongFocus);
     FormPlacement::SizeToResolution(*this);
 }
 
@@ -44,6 +53,22 @@ QWidget* FrmOnAir::BuildBrowsers()
     layout->addWidget(IFBrowserFamily1, 2);
     layout->addWidget(IFBrowserCart1, 5);
     return column;
+}
+
+QWidget* FrmOnAir::BuildLists()
+{
+    ListTabs = new QTabWidget(this);
+    ListTabs->setObjectName(QStringLiteral("ListTabs"));
+    IFPlayList1 = new IFPlayList(ListTabs);
+    IFPlayList1->setObjectName(QStringLiteral("IFPlayList1"));
+    IFPlayLists1 = new IFPlayLists(ListTabs);
+    IFPlayLists1->setObjectName(QStringLiteral("IFPlayLists1"));
+    IFFastCarts1 = new IFFastCarts(ListTabs);
+    IFFastCarts1->setObjectName(QStringLiteral("IFFastCarts1"));
+    ListTabs->addTab(IFPlayList1, QStringLiteral("Waiting list"));
+    ListTabs->addTab(IFPlayLists1, QStringLiteral("Playlists"));
+    ListTabs->addTab(IFFastCarts1, QStringLiteral("Pads"));
+    return ListTabs;
 }
 
 QWidget* FrmOnAir::BuildDecks()
@@ -95,8 +120,8 @@ QWidget* FrmOnAir::BuildRecorderRow(QWidget* parent)
 void FrmOnAir::WireControls()
 {
     connect(IFBrowserFamily1, &IFBrowserFamily::Changed, IFBrowserCart1, &IFBrowserCart::LoadFamilyByName);
-    connect(IFBrowserFamily1, &IFBrowserFamily::IWantTheKeys, this, [this](bool wanted) { m_preventShortCuts = wanted; });
-    connect(IFBrowserCart1, &IFBrowserCart::IWantTheKeys, this, [this](bool wanted) { m_preventShortCuts = wanted; });
+    connect(IFBrowserFamily1, &IFBrowserFamily::IWantTheKeys, this, &FrmOnAir::SetPreventShortCuts);
+    connect(IFBrowserCart1, &IFBrowserCart::IWantTheKeys, this, &FrmOnAir::SetPreventShortCuts);
     connect(CmdExit, &QToolButton::clicked, this, &Form::Unload);
     // Blank on the recorder proposes a new cart in the family chosen in the family browser.
     connect(IFCartRecorder1, &IFCartRecorder::RequestBlankTape, this,
@@ -108,6 +133,21 @@ void FrmOnAir::WireControls()
             [this](const QString& cartID) { m_oldStyleDrag.StartDrag(IFBrowserCart1, cartID); });
     connect(IFBrowserCart1, &IFBrowserCart::OldStyleTryToDragMany, this,
             [this](const QStringList& cartIDs, const QString& cartID) { m_oldStyleDrag.StartDrag(IFBrowserCart1, cartID, cartIDs); });
+    connect(IFFastCarts1, &IFFastCarts::OldStyleTryToDrag, this,
+            [this](const QString& cartID) { m_oldStyleDrag.StartDrag(IFFastCarts1, cartID); });
+}
+
+void FrmOnAir::SetPreventShortCuts(bool prevent)
+{
+    m_preventShortCuts = prevent;
+    IFFastCarts1->SetPreventShortCuts(prevent);
+}
+
+void FrmOnAir::keyPressEvent(QKeyEvent* event)
+{
+    if (!event->text().isEmpty())
+        IFFastCarts1->SendShortcut(event->text().at(0));
+    Form::keyPressEvent(event);
 }
 
 void FrmOnAir::dragEnterEvent(QDragEnterEvent* event)
@@ -119,21 +159,35 @@ void FrmOnAir::dragEnterEvent(QDragEnterEvent* event)
 void FrmOnAir::dropEvent(QDropEvent* event)
 {
     Guarded(Object, QStringLiteral("DragDrop"), [&] {
-        if (!m_oldStyleDrag.Dragging())
-            return;
-        const QPoint at = event->position().toPoint();
-        if (IFCartPlayer* deck = DeckAt(at)) {
-            const QPointF inside = deck->mapFrom(this, event->position());
-            deck->Drop(m_oldStyleDrag.CartID(), float(inside.x() * Twips::PerPixel), float(inside.y() * Twips::PerPixel));
-        } else if (Contains(IFCartRecorder1, at)) {
-            IFCartRecorder1->Drop(m_oldStyleDrag.CartID());
-        } else if (Contains(IFCartEraser1, at)) {
-            IFCartEraser1->Drop(m_oldStyleDrag.CartID());
-        } else {
-            return;
-        }
-        event->acceptProposedAction();
+        if (m_oldStyleDrag.Dragging() && DropAt(event->position().toPoint(), event->position()))
+            event->acceptProposedAction();
     });
+}
+
+bool FrmOnAir::DropAt(const QPoint& at, const QPointF& exact)
+{
+    const QString cartID = m_oldStyleDrag.CartID();
+    if (IFCartPlayer* deck = DeckAt(at)) {
+        const QPointF inside = deck->mapFrom(this, exact);
+        deck->Drop(cartID, float(inside.x() * Twips::PerPixel), float(inside.y() * Twips::PerPixel));
+    } else if (Contains(IFCartRecorder1, at)) {
+        IFCartRecorder1->Drop(cartID);
+    } else if (Contains(IFCartEraser1, at)) {
+        IFCartEraser1->Drop(cartID);
+    } else if (IFPlayList1->isVisible() && Contains(IFPlayList1, at)) {
+        // Many carts go in from the last to the first, so that the list ends in the dragged order.
+        const QPoint inside = IFPlayList1->mapFrom(this, at);
+        const QStringList many = m_oldStyleDrag.ManyCarts() ? m_oldStyleDrag.Collection() : QStringList{cartID};
+        for (auto id = many.crbegin(); id != many.crend(); ++id)
+            IFPlayList1->Drop(*id, inside.x(), inside.y());
+    } else if (IFPlayLists1->isVisible() && Contains(IFPlayLists1, at)) {
+        IFPlayLists1->Load(cartID);
+    } else if (IFFastCarts1->isVisible() && Contains(IFFastCarts1, at)) {
+        IFFastCarts1->Drop(cartID);
+    } else {
+        return false;
+    }
+    return true;
 }
 
 IFCartPlayer* FrmOnAir::DeckAt(const QPoint& at) const
@@ -160,12 +214,15 @@ void FrmOnAir::Form_Load()
             IFCartPlayer1[static_cast<size_t>(k)]->SetStreamIndex(k + 1);
         }
         step(QStringLiteral("Recorder"));
-        // Until the kernel gives the stream its recorder, the binding warns and the panel
-        // stays empty.
         IFCartRecorder1->SetChannelName(QStringLiteral("Rec"));
         IFCartRecorder1->SetStreamIndex(1);
+        step(QStringLiteral("Lists"));
+        IFPlayList1->Init();
+        IFPlayLists1->Init();
+        IFFastCarts1->Init();
         step(QStringLiteral("Levels"));
         LevelPannel->Init();
+        setFocus();
     });
 }
 

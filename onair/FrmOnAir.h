@@ -8,14 +8,21 @@ class IFCartEraser;
 class IFCartRecorder;
 class IFBrowserFamily;
 class IFCartPlayer;
+class IFFastCarts;
+class IFPlayList;
+class IFPlayLists;
+class QTabWidget;
 class IFVumeters;
 class QLabel;
 class QToolButton;
 
-// The first on-air page: the family and cart browsers on the left, the two decks of channel
-// "A", the recorder of channel "Rec" beside the eraser, and the meter row on the right. A family chosen in the family browser fills the cart
-// browser; a cart dragged from the list onto a deck plays there. The page stands until the
-// full Live screen takes its place.
+// The first on-air page: the family and cart browsers on the left; in the middle a waiting
+// list, the playlist manager and the pad grid, one page each; the two decks of channel "A",
+// the recorder of channel "Rec" beside the eraser, and the meter row on the right. A family
+// chosen in the family browser fills the cart browser; a cart dragged from the list onto a
+// deck plays there, onto the waiting list joins it, onto a pad takes it. The keys fire the
+// pads unless a browser's text box wants them. The page stands until the full Live screen
+// takes its place.
 class FrmOnAir : public Form
 {
     Q_OBJECT
@@ -27,6 +34,10 @@ public:
     IFBrowserFamily* IFBrowserFamily1;
     IFBrowserCart* IFBrowserCart1;
     std::array<IFCartPlayer*, DeckCount> IFCartPlayer1;
+    QTabWidget* ListTabs;
+    IFPlayList* IFPlayList1;
+    IFPlayLists* IFPlayLists1;
+    IFFastCarts* IFFastCarts1;
     IFCartRecorder* IFCartRecorder1;
     IFCartEraser* IFCartEraser1;
     IFVumeters* LevelPannel;
@@ -42,13 +53,18 @@ protected:
     void Form_Load() override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void Form_Unload() override;
 
 private:
     QWidget* BuildBrowsers();
+    QWidget* BuildLists();
     QWidget* BuildDecks();
     QWidget* BuildRecorderRow(QWidget* parent);
     void WireControls();
+    void SetPreventShortCuts(bool prevent);
+    // Gives the dragged ID to the control under the point; false when none takes drops there.
+    bool DropAt(const QPoint& at, const QPointF& exact);
 
     IFCartPlayer* DeckAt(const QPoint& at) const;
     bool Contains(const QWidget* widget, const QPoint& at) const;

@@ -92,9 +92,14 @@ QPoint RowCentre(QTreeView* list, const QString& id)
 
 void DragRowOnto(QTreeView* list, const QString& id, QWidget* target)
 {
+    DragRowOnto(list, id, target, target->rect().center());
+}
+
+void DragRowOnto(QTreeView* list, const QString& id, QWidget* target, const QPoint& at)
+{
     QWidget* viewport = list->viewport();
     const QPoint from = RowCentre(list, id);
-    const QPoint onTarget = viewport->mapFromGlobal(target->mapToGlobal(target->rect().center()));
+    const QPoint onTarget = viewport->mapFromGlobal(target->mapToGlobal(at));
     QTest::mousePress(viewport, Qt::LeftButton, {}, from);
     QTest::mouseMove(viewport, from + QPoint(0, 12));
     QTest::mouseMove(viewport, onTarget);

@@ -26,7 +26,9 @@ void AdvanceMs(int ms);
 void Press(QWidget* button);
 // The centre of a list row in the list's viewport, found by its ID.
 QPoint RowCentre(QTreeView* list, const QString& id);
-// Presses a row of the cart list and drags it onto the target, the way a hand does: a first
-// move out of the click distance, then moves over the target, and the release there.
+// Presses a row of the cart list and drags it onto the target (at its centre, or at the point
+// of the target's pixels), the way a hand does: a first move out of the click distance, then
+// moves over the target, and the release there.
 void DragRowOnto(QTreeView* list, const QString& id, QWidget* target);
+void DragRowOnto(QTreeView* list, const QString& id, QWidget* target, const QPoint& at);
 }
