@@ -12,6 +12,7 @@
 #include "onair/PadPictures.h"
 #include "onair/UCChannelStreamSelector.h"
 #include "onair/UCFastCartsContents.h"
+#include "onair/UCPlayListDiskOperation.h"
 #include "shell/CInterface.h"
 #include "shell/modInterface.h"
 #include "browse/drag/CMouseController.h"
@@ -21,8 +22,7 @@
 #include <QKeyEvent>
 #include <QToolButton>
 
-// The panel's construction, its playlist, the keys and the output; the disk buttons are in
-// IFFastCartsDisk.
+// The panel's construction, its playlist, the keys and the output.
 
 namespace {
 constexpr int BarHeight = 30;
@@ -46,8 +46,6 @@ IFFastCarts::IFFastCarts(QWidget* parent)
 IFFastCarts::~IFFastCarts()
 {
     SilenceDescendants(*this);
-    for (const auto& connection : std::as_const(m_diskConnections))
-        disconnect(connection);
 }
 
 QToolButton* IFFastCarts::MakeSwitch(const QString& name, const QString& sign, const QString& tip)
@@ -63,25 +61,14 @@ QToolButton* IFFastCarts::MakeSwitch(const QString& name, const QString& sign, c
     return button;
 }
 
-QToolButton* IFFastCarts::MakeDiskButton(const QString& name, const QString& text, const QString& tip)
-{
-    auto* button = new QToolButton(this);
-    button->setObjectName(name);
-    button->setText(Tr(text));
-    button->setToolTip(Tr(tip));
-    button->setFocusPolicy(Qt::NoFocus);
-    return button;
-}
-
 void IFFastCarts::CreateControls()
 {
     UCFastCartsContents1 = new UCFastCartsContents(this);
     CboPlayListNames = new QComboBox(this);
     CboPlayListNames->setObjectName(QStringLiteral("CboPlayListNames"));
     CboPlayListNames->setFocusPolicy(Qt::NoFocus);
-    CmdRefresh = MakeDiskButton(QStringLiteral("CmdRefresh"), QStringLiteral("Refresh"), QStringLiteral("Refresh contents"));
-    CmdReload = MakeDiskButton(QStringLiteral("CmdReload"), QStringLiteral("Reload"), QStringLiteral("Reload from disk"));
-    CmdSave = MakeDiskButton(QStringLiteral("CmdSave"), QStringLiteral("Save"), QStringLiteral("Save list to disk"));
+    UCPlayListDiskOperation1 = new UCPlayListDiskOperation(this);
+    UCPlayListDiskOperation1->setObjectName(QStringLiteral("UCPlayListDiskOperation1"));
     CmdRespondToKeys = MakeSwitch(QStringLiteral("CmdRespondToKeys"), QStringLiteral("Keys"), QStringLiteral("The pads answer the keyboard"));
     CmdRespondToMouse = MakeSwitch(QStringLiteral("CmdRespondToMouse"), QStringLiteral("Mouse"), QStringLiteral("A press on a pad plays it"));
     ChkMouseChannelAutoSelection = new QCheckBox(Tr(QStringLiteral("Mouse Channel Auto Selection")), this);
@@ -92,7 +79,6 @@ void IFFastCarts::CreateControls()
     UCFastCartsContents1->SetMousePerformsPlay(true);
     Dress(CmdRespondToKeys);
     Dress(CmdRespondToMouse);
-    EnableDiskButtons();
 }
 
 void IFFastCarts::ConnectControls()
@@ -100,9 +86,7 @@ void IFFastCarts::ConnectControls()
     connect(CboPlayListNames, &QComboBox::activated, this, &IFFastCarts::CboPlayListNames_Click);
     connect(CmdRespondToKeys, &QToolButton::toggled, this, [this] { Dress(CmdRespondToKeys); });
     connect(CmdRespondToMouse, &QToolButton::toggled, this, &IFFastCarts::CmdRespondToMouse_Click);
-    connect(CmdRefresh, &QToolButton::clicked, this, &IFFastCarts::CmdRefresh_Click);
-    connect(CmdReload, &QToolButton::clicked, this, &IFFastCarts::CmdReload_Click);
-    connect(CmdSave, &QToolButton::clicked, this, &IFFastCarts::CmdSave_Click);
+    connect(UCPlayListDiskOperation1, &UCPlayListDiskOperation::Refresh, UCFastCartsContents1, &UCFastCartsContents::RefreshFromPlaylist);
     connect(UCFastCartsContents1, &UCFastCartsContents::OldStyleTryToDrag, this, &IFFastCarts::OldStyleTryToDrag);
     connect(UCFastCartsContents1, &UCFastCartsContents::RequestPreferredStream, this,
             [this](std::shared_ptr<iStream>& stream, Qt::MouseButton button, Qt::KeyboardModifiers) { AnswerPreferredStream(stream, button); },
@@ -132,9 +116,7 @@ void IFFastCarts::PlaceControls()
         x += width + 4;
     };
     place(CboPlayListNames, std::max(120, width() / 5));
-    place(CmdRefresh, 60);
-    place(CmdReload, 60);
-    place(CmdSave, 50);
+    place(UCPlayListDiskOperation1, 180);
     place(CmdRespondToKeys, BarHeight * 2 + 4);
     place(CmdRespondToMouse, BarHeight * 2 + 4);
     place(ChkMouseChannelAutoSelection, ChkMouseChannelAutoSelection->sizeHint().width());
@@ -237,9 +219,8 @@ std::shared_ptr<iPlayList> IFFastCarts::PlayList() const
 
 void IFFastCarts::SetPlayList(std::shared_ptr<iPlayList> playList)
 {
+    UCPlayListDiskOperation1->SetPlayList(playList);
     UCFastCartsContents1->SetPlayList(std::move(playList));
-    ConnectDiskRequests();
-    EnableDiskButtons();
     SelectComboLine();
 }
 

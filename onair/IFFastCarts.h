@@ -10,6 +10,7 @@ class QComboBox;
 class QToolButton;
 class UCChannelStreamSelector;
 class UCFastCartsContents;
+class UCPlayListDiskOperation;
 class iPlayList;
 class iStream;
 
@@ -52,9 +53,7 @@ public:
 
     UCFastCartsContents* UCFastCartsContents1;
     QComboBox* CboPlayListNames;
-    QToolButton* CmdRefresh;
-    QToolButton* CmdReload;
-    QToolButton* CmdSave;
+    UCPlayListDiskOperation* UCPlayListDiskOperation1;
     QToolButton* CmdRespondToKeys;
     QToolButton* CmdRespondToMouse;
     QCheckBox* ChkMouseChannelAutoSelection;
@@ -71,7 +70,6 @@ private:
     void CreateControls();
     void ConnectControls();
     QToolButton* MakeSwitch(const QString& name, const QString& sign, const QString& tip);
-    QToolButton* MakeDiskButton(const QString& name, const QString& text, const QString& tip);
     void Dress(QToolButton* button);
     void PlaceControls();
     void DelayedInit();
@@ -82,22 +80,12 @@ private:
     void CmdRespondToMouse_Click();
     void AnswerPreferredStream(std::shared_ptr<iStream>& stream, Qt::MouseButton button);
 
-    // The disk buttons (IFFastCartsDisk.cpp).
-    void EnableDiskButtons();
-    void CmdRefresh_Click();
-    void CmdReload_Click();
-    void CmdSave_Click();
-    void iPlayList_RequestNameToSave(QString* name);
-    void iPlayList_RequestDescriptionToSave(QString* description);
-    void ConnectDiskRequests();
 
     QTimer m_tmrInit;
     QTimer m_tmrFillCombo;
     QString m_noneLine;
-    QList<QMetaObject::Connection> m_diskConnections;
     // The state CmdRespondToKeys had before PreventShortCuts forced it off.
     std::optional<bool> m_keysBeforePrevent;
     bool m_preventShortCuts = false;
     bool m_initDone = false;
-    int m_descriptionNumber = 0;
 };
