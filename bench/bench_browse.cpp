@@ -14,6 +14,7 @@
 #include "shell/modGlobals.h"
 #include "shell/modMain.h"
 #include "support/BenchStation.h"
+#include "support/StallProbe.h"
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -63,37 +64,6 @@ struct LargeCatalogue
 
     std::shared_ptr<EmbeddedKernel> kernel;
     IFBrowserCart browser;
-};
-
-// The longest time the event loop waited between two of its passes while work ran: a
-// zero-interval timer ticks at every pass, and the first and last gaps count too.
-class StallProbe
-{
-public:
-    StallProbe()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, [this] { Tick(); });
-        m_timer.start(0);
-        m_clock.start();
-    }
-    double FinishMs()
-    {
-        Tick();
-        m_timer.stop();
-        return m_longest / 1e6;
-    }
-
-private:
-    void Tick()
-    {
-        const qint64 now = m_clock.nsecsElapsed();
-        m_longest = std::max(m_longest, now - m_last);
-        m_last = now;
-    }
-    QTimer m_timer;
-    QElapsedTimer m_clock;
-    qint64 m_last = 0;
-    qint64 m_longest = 0;
 };
 
 long ResidentKb()

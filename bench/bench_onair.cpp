@@ -20,11 +20,8 @@
 #include "onair/OnAirControls.h"
 #include "shell/Registry.h"
 #include "shell/modMain.h"
-#include "tools/StationBuilder.h"
-#include "tools/StationOptions.h"
+#include "support/BenchStation.h"
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QTest>
 #include <QTreeView>
 #include <algorithm>
@@ -33,22 +30,6 @@
 
 namespace {
 using Clock = std::chrono::steady_clock;
-
-// The demo station with its audio on the virtual clock, made once in build/bench-stations.
-QString VirtualClockStation()
-{
-    const QString dir = QDir::cleanPath(QStringLiteral(KORVANE_BIN_DIR "/../bench-stations/onair-virtual"));
-    if (!QFileInfo::exists(dir + QStringLiteral("/station.ini"))) {
-        QDir().mkpath(QFileInfo(dir).absolutePath());
-        StationOptions options;
-        options.dir = dir;
-        StationBuilder(options).Create();
-        const QString kernelIni = dir + QStringLiteral("/kernel.ini");
-        WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), kernelIni);
-        WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), kernelIni);
-    }
-    return dir;
-}
 
 // The workstation started as main starts it, with the on-air page open on family JIN.
 struct OnAirRig
@@ -66,7 +47,7 @@ struct OnAirRig
 
     OnAirRig()
     {
-        qputenv("KORVANE_STATION", VirtualClockStation().toUtf8());
+        qputenv("KORVANE_STATION", BenchStation::VirtualClock().toUtf8());
         Dialogs::InstallFromEnvironment();
         Registry::RegisterShell();
         Metering::RegisterControls(Registry::Register);

@@ -30,11 +30,8 @@
 #include "shell/Registry.h"
 #include "shell/modInterface.h"
 #include "shell/modMain.h"
-#include "tools/StationBuilder.h"
-#include "tools/StationOptions.h"
+#include "support/BenchStation.h"
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QTest>
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -42,21 +39,6 @@
 
 namespace {
 using Clock = std::chrono::steady_clock;
-
-QString VirtualClockStation()
-{
-    const QString dir = QDir::cleanPath(QStringLiteral(KORVANE_BIN_DIR "/../bench-stations/onair-virtual"));
-    if (!QFileInfo::exists(dir + QStringLiteral("/station.ini"))) {
-        QDir().mkpath(QFileInfo(dir).absolutePath());
-        StationOptions options;
-        options.dir = dir;
-        StationBuilder(options).Create();
-        const QString kernelIni = dir + QStringLiteral("/kernel.ini");
-        WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), kernelIni);
-        WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), kernelIni);
-    }
-    return dir;
-}
 
 // The panel on stream 2 of channel A, its pads showing a list whose pad 4 (key Q) holds JIN0001.
 struct PadsRig
@@ -75,7 +57,7 @@ struct PadsRig
     PadsRig()
     {
         if (!modInterface::Interface()) {
-            qputenv("KORVANE_STATION", VirtualClockStation().toUtf8());
+            qputenv("KORVANE_STATION", BenchStation::VirtualClock().toUtf8());
             Dialogs::InstallFromEnvironment();
             Registry::RegisterShell();
             Metering::RegisterControls(Registry::Register);

@@ -12,12 +12,10 @@
 #include "onair/IFPlayList.h"
 #include "onair/PlayListItemModel.h"
 #include "onair/UCPlayListContents.h"
-#include "tools/StationBuilder.h"
-#include "tools/StationOptions.h"
+#include "support/BenchStation.h"
+#include "support/StallProbe.h"
 #include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QTimer>
 #include <benchmark/benchmark.h>
 #include <algorithm>
@@ -28,45 +26,8 @@ const QString MacroID = QStringLiteral("MES0100");
 
 QString PlayListStation()
 {
-    const QString dir = QDir::cleanPath(QStringLiteral(KORVANE_BIN_DIR "/../bench-stations/playlist-1000"));
-    if (!QFileInfo::exists(dir + QStringLiteral("/station.ini"))) {
-        QDir().mkpath(QFileInfo(dir).absolutePath());
-        StationOptions options;
-        options.dir = dir;
-        StationBuilder(options).Create();
-    }
-    return dir;
+    return BenchStation::OwnDemo(QStringLiteral("playlist-1000"));
 }
-
-// The longest time the event loop waited between two of its passes while work ran.
-class StallProbe
-{
-public:
-    StallProbe()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, [this] { Tick(); });
-        m_timer.start(0);
-        m_clock.start();
-    }
-    double FinishMs()
-    {
-        Tick();
-        m_timer.stop();
-        return m_longest / 1e6;
-    }
-
-private:
-    void Tick()
-    {
-        const qint64 now = m_clock.nsecsElapsed();
-        m_longest = std::max(m_longest, now - m_last);
-        m_last = now;
-    }
-    QTimer m_timer;
-    QElapsedTimer m_clock;
-    qint64 m_last = 0;
-    qint64 m_longest = 0;
-};
 
 struct PlayListRig
 {

@@ -1,10 +1,15 @@
 #include "e2e/WorkstationSteps.h"
+#include "browse/BrowserRowModel.h"
+#include "browse/IFBrowserCart.h"
+#include "browse/IFBrowserFamily.h"
 #include "foundation/Globals.h"
+#include "foundation/Ini.h"
 #include "foundation/ui/ScriptedDialogs.h"
 #include "kernel/audio/AudioEngine.h"
 #include "kernel/audio/Channels.h"
 #include "kernelapi/CKernel.h"
 #include "shell/IFMenu.h"
+#include "onair/FrmOnAir.h"
 #include "shell/InitForm.h"
 #include "shell/PasswordForm.h"
 #include "shell/Theme.h"
@@ -16,6 +21,7 @@
 #include <QPushButton>
 #include <QTreeView>
 #include <QTest>
+#include "support/TempStation.h"
 #include <gtest/gtest.h>
 
 namespace WorkstationSteps {
@@ -57,6 +63,29 @@ void LogIn(const QString& name, const QString& password)
     QTest::keyClicks(form->Text2, password);
     QTest::keyClick(form->Text2, Qt::Key_Return);
     QCoreApplication::processEvents();
+}
+
+FrmOnAir* OpenOnAir(TempStation& station)
+{
+    WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), station.KernelIniFile());
+    WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), station.KernelIniFile());
+    int ended = -1;
+    Start(ended);
+    LogIn(QStringLiteral("admin"), QStringLiteral("korvane"));
+    Click(MenuButton(QStringLiteral("On air")));
+    auto* onAir = qobject_cast<FrmOnAir*>(Form::Find(QStringLiteral("FrmOnAir")));
+    EXPECT_NE(onAir, nullptr);
+    EXPECT_TRUE(onAir && onAir->isVisible());
+    return onAir;
+}
+
+void OpenFamily(FrmOnAir* onAir, const QString& familyID)
+{
+    QTreeView* families = onAir->IFBrowserFamily1->ListView1;
+    QTest::mouseClick(families->viewport(), Qt::LeftButton, {}, RowCentre(families, familyID));
+    for (int k = 0; k < 100 && onAir->IFBrowserCart1->Rows().rowCount() == 0; ++k)
+        QCoreApplication::processEvents();
+    EXPECT_GT(onAir->IFBrowserCart1->Rows().rowCount(), 0) << familyID.toStdString();
 }
 
 QString TodaysLog(const QString& stationDir)

@@ -1,6 +1,8 @@
 #pragma once
 #include <QString>
 
+class FrmOnAir;
+class TempStation;
 class QAbstractButton;
 class QPoint;
 class QTreeView;
@@ -17,6 +19,11 @@ QAbstractButton* MenuButton(const QString& caption);
 void Click(QAbstractButton* button);
 // Logs in through the login screen by typing name and password.
 void LogIn(const QString& name, const QString& password);
+// Puts the station's audio on the Null device's virtual clock with no expiring warning, starts
+// the workstation, logs in as the demo's administrator and opens the on-air page.
+FrmOnAir* OpenOnAir(TempStation& station);
+// Clicks the family in the page's family browser and waits for its carts.
+void OpenFamily(FrmOnAir* onAir, const QString& familyID);
 // The text of today's log of the station.
 QString TodaysLog(const QString& stationDir);
 // Runs the Null device's clock (the station's kernel.ini set to the virtual clock), and lets

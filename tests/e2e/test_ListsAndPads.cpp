@@ -44,25 +44,6 @@ std::shared_ptr<iCartPlayer> PlayerOf(const QString& channel, int stream)
 {
     return Globals::Kernel()->Channels()->Item(channel)->Streams()->Item(stream)->CartPlayer();
 }
-
-FrmOnAir* OpenOnAir(TempStation& station)
-{
-    WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), station.KernelIniFile());
-    WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), station.KernelIniFile());
-    int ended = -1;
-    Start(ended);
-    LogIn(QStringLiteral("admin"), QStringLiteral("korvane"));
-    Click(MenuButton(QStringLiteral("On air")));
-    return qobject_cast<FrmOnAir*>(Form::Find(QStringLiteral("FrmOnAir")));
-}
-
-void OpenFamily(FrmOnAir* onAir, const QString& family)
-{
-    QTreeView* families = onAir->IFBrowserFamily1->ListView1;
-    QTest::mouseClick(families->viewport(), Qt::LeftButton, {}, RowCentre(families, family));
-    for (int k = 0; k < 100 && onAir->IFBrowserCart1->Rows().rowCount() == 0; ++k)
-        QCoreApplication::processEvents();
-}
 }
 
 TEST_F(ListsAndPads, ThreeCartsDraggedIntoAChainedListPlayInOrder)

@@ -49,21 +49,9 @@ std::shared_ptr<CComponent> Registered(const QString& name)
 
 TEST_F(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
 {
-    WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), station.KernelIniFile());
-    WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), station.KernelIniFile());
-    int ended = -1;
-    Start(ended);
-    LogIn(QStringLiteral("admin"), QStringLiteral("korvane"));
-    Click(MenuButton(QStringLiteral("On air")));
-    auto* onAir = qobject_cast<FrmOnAir*>(Form::Find(QStringLiteral("FrmOnAir")));
+    FrmOnAir* onAir = OpenOnAir(station);
     ASSERT_NE(onAir, nullptr);
-    ASSERT_TRUE(onAir->isVisible());
-
-    QTreeView* families = onAir->IFBrowserFamily1->ListView1;
-    QTest::mouseClick(families->viewport(), Qt::LeftButton, {}, RowCentre(families, QStringLiteral("JIN")));
-    for (int k = 0; k < 100 && onAir->IFBrowserCart1->Rows().rowCount() == 0; ++k)
-        QCoreApplication::processEvents();
-    ASSERT_GT(onAir->IFBrowserCart1->Rows().rowCount(), 0);
+    OpenFamily(onAir, QStringLiteral("JIN"));
 
     IFCartPlayer* deck = onAir->IFCartPlayer1[0];
     // Each deck is found by name in the program's registry, the second under a name of its own.

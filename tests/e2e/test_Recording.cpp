@@ -31,21 +31,14 @@ using Recording = WorkstationTest;
 
 TEST_F(Recording, ATakeGoesFromBlankToTheBrowserToADeckAndIsErasedByAHeldPress)
 {
-    WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), station.KernelIniFile());
-    WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), station.KernelIniFile());
-    int ended = -1;
-    Start(ended);
-    LogIn(QStringLiteral("admin"), QStringLiteral("korvane"));
-    Click(MenuButton(QStringLiteral("On air")));
-    auto* onAir = qobject_cast<FrmOnAir*>(Form::Find(QStringLiteral("FrmOnAir")));
+    FrmOnAir* onAir = OpenOnAir(station);
     ASSERT_NE(onAir, nullptr);
     IFCartRecorder* panel = onAir->IFCartRecorder1;
     const std::shared_ptr<iCartRecorder> recorder = panel->CartRecorder();
     ASSERT_NE(recorder, nullptr) << "the Rec channel gives its recorder";
 
     const QString blankFamily = Globals::Kernel()->Config(QStringLiteral("FamEspTmp")).toString();
-    QTreeView* families = onAir->IFBrowserFamily1->ListView1;
-    QTest::mouseClick(families->viewport(), Qt::LeftButton, {}, RowCentre(families, blankFamily));
+    OpenFamily(onAir, blankFamily);
     Press(panel->CmdBlank);
     EXPECT_EQ(recorder->LoadState(), iCartRecorder::Proposed);
     EXPECT_EQ(panel->LblTitle->Text(), QStringLiteral("New Cassette"));
