@@ -2,16 +2,7 @@
 // key press on a pad to the first frame that sounds at the device. The time is the handling
 // of the key (load and play through the kernel), plus the device periods until sound; on a
 // real clock the first of those periods is the wait for the next callback, at most one period.
-//
-// The workstation is the one the on-air figures started (they run first, in file order); run
-// alone, this figure starts it the same way on the same station.
-#include "browse/BrowseControls.h"
 #include "foundation/Globals.h"
-#include "foundation/Ini.h"
-#include "foundation/ui/Dialogs.h"
-#include "kernel/audio/AudioEngine.h"
-#include "kernel/audio/Channels.h"
-#include "kernel/audio/NullDevice.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iCartPlayer.h"
 #include "kernelapi/iCarts.h"
@@ -21,119 +12,48 @@
 #include "kernelapi/iPlayLists.h"
 #include "kernelapi/iStream.h"
 #include "kernelapi/iStreams.h"
-#include "metering/MeteringControls.h"
-#include "onair/IFFastCart.h"
 #include "onair/IFFastCarts.h"
-#include "onair/OnAirControls.h"
 #include "onair/UCChannelStreamSelector.h"
 #include "onair/UCFastCartsContents.h"
-#include "shell/Registry.h"
-#include "shell/modInterface.h"
-#include "shell/modMain.h"
-#include "support/BenchStation.h"
+#include "support/VirtualWorkstation.h"
 #include <QApplication>
 #include <QTest>
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 
 namespace {
-using Clock = std::chrono::steady_clock;
-
-// The panel on stream 2 of channel A, its pads showing a list whose pad 4 (key Q) holds JIN0001.
-struct PadsRig
+// The panel plays on stream 2 of channel A; its pads show a list whose pad 5 (key Q) holds
+// JIN0001.
+IFFastCarts* PadsPanel()
 {
-    IFFastCarts* panel = nullptr;
-    std::shared_ptr<iCartPlayer> player;
-    AudioEngine* engine = nullptr;
-    NullDevice* device = nullptr;
-
-    static PadsRig& Get()
-    {
-        static PadsRig rig;
-        return rig;
-    }
-
-    PadsRig()
-    {
-        if (!modInterface::Interface()) {
-            qputenv("KORVANE_STATION", BenchStation::VirtualClock().toUtf8());
-            Dialogs::InstallFromEnvironment();
-            Registry::RegisterShell();
-            Metering::RegisterControls(Registry::Register);
-            Browse::RegisterControls(Registry::Register);
-            OnAir::RegisterControls(Registry::Register);
-            if (!modMain::Main())
-                return;
-        }
+    static IFFastCarts* panel = [] {
+        auto* made = new IFFastCarts;
+        made->resize(900, 520);
+        made->show();
+        made->Init();
+        made->TmrInit_Timer();
+        made->UCChannelStreamSelector1->SetChannelName(QStringLiteral("A"));
+        made->UCChannelStreamSelector1->SetStreamIndex(2);
         const auto kernel = Globals::Kernel();
-        engine = &dynamic_cast<Channels&>(*kernel->Channels()).Engine();
-        device = &dynamic_cast<NullDevice&>(engine->Device(0));
-        panel = new IFFastCarts;
-        panel->resize(900, 520);
-        panel->show();
-        panel->Init();
-        panel->TmrInit_Timer();
-        panel->UCChannelStreamSelector1->SetChannelName(QStringLiteral("A"));
-        panel->UCChannelStreamSelector1->SetStreamIndex(2);
         const auto list = kernel->PlayLists()->Add();
         list->Put(5, kernel->Carts()->Cart(QStringLiteral("JIN0001")));
-        panel->SetPlayList(list);
-        panel->UCFastCartsContents1->TmrRefresh_Timer();
-        player = kernel->Channels()->Item(QStringLiteral("A"))->Streams()->Item(2)->CartPlayer();
+        made->SetPlayList(list);
+        made->UCFastCartsContents1->TmrRefresh_Timer();
         QCoreApplication::processEvents();
-    }
-
-    double PeriodMs() const { return 1000.0 * engine->Settings().periodFrames / engine->Settings().sampleRate; }
-
-    bool Sounds() const
-    {
-        const std::vector<float>& out = device->Output();
-        return std::any_of(out.begin(), out.end(), [](float sample) { return sample != 0.0f; });
-    }
-
-    int PeriodsToSound()
-    {
-        int periods = 0;
-        do {
-            engine->Advance(engine->Settings().periodFrames);
-            ++periods;
-        } while (!Sounds() && periods < 100);
-        return periods;
-    }
-
-    void Silence()
-    {
-        player->Eject();
-        engine->Advance(8 * engine->Settings().periodFrames); // the fade out
-        QCoreApplication::processEvents();
-    }
-};
-
-double Ms(Clock::duration duration)
-{
-    return std::chrono::duration<double, std::milli>(duration).count();
+        return made;
+    }();
+    return panel;
 }
 
 void PadKeyToFirstSoundingFrame(benchmark::State& state)
 {
-    PadsRig& rig = PadsRig::Get();
-    if (!rig.panel) {
+    VirtualWorkstation& workstation = VirtualWorkstation::Get();
+    if (!workstation.Running()) {
         state.SkipWithError("the workstation did not start");
         return;
     }
-    int periods = 0;
-    for (auto _ : state) {
-        rig.Silence();
-        const Clock::time_point start = Clock::now();
-        QTest::keyClick(rig.panel, Qt::Key_Q);
-        const double handledMs = Ms(Clock::now() - start);
-        periods = rig.PeriodsToSound();
-        state.SetIterationTime((handledMs + periods * rig.PeriodMs()) / 1000.0);
-    }
-    state.counters["periods"] = periods;
-    state.counters["period_ms"] = rig.PeriodMs();
-    state.SetLabel("budget: within one device period + 2 ms");
+    IFFastCarts* panel = PadsPanel();
+    const auto player = Globals::Kernel()->Channels()->Item(QStringLiteral("A"))->Streams()->Item(2)->CartPlayer();
+    workstation.MeasureToSound(state, *player, [] {}, [panel] { QTest::keyClick(panel, Qt::Key_Q); });
 }
 }
 
