@@ -5,7 +5,8 @@
 class QWidget;
 
 // The controls of this folder that screens create by class name
-// ("Korvane_Interface.IFBrowserFamily", "Korvane_Interface.IFBrowserCart"). Each is handed to
+// ("Korvane_Interface.IFBrowserFamily", "Korvane_Interface.IFBrowserCart",
+// "Korvane_Interface.IFDataViewer"). Each is handed to
 // `add` with its factory; the application passes its registry's Register.
 namespace Browse {
 using ControlFactory = std::function<QWidget*(QWidget* parent)>;
