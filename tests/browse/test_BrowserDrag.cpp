@@ -3,6 +3,7 @@
 #include "browse/BrowserRowModel.h"
 #include "browse/IFBrowserCart.h"
 #include "browse/IFBrowserFamily.h"
+#include "browse/IFDataViewer.h"
 #include "browse/drag/CDrag.h"
 #include "foundation/Globals.h"
 #include "foundation/ui/ScriptedDialogs.h"
@@ -156,6 +157,18 @@ TEST_F(BrowserDrag, AFamilyReleasedOverTheTitleDropsOnTheListItLastPassed)
     DragFamilyTo(QStringLiteral("NEW"), carts->mapTo(&window, carts->LblTitle->geometry().center()));
     ASSERT_NE(carts->Family(), nullptr);
     EXPECT_EQ(carts->Family()->ID(), QStringLiteral("NEW"));
+}
+
+TEST_F(BrowserDrag, AFamilyDroppedOnTheDataViewerIsShownThere)
+{
+    auto* viewer = new IFDataViewer(&window);
+    viewer->setGeometry(target->geometry());
+    viewer->show();
+    viewer->raise();
+    DragFamilyTo(QStringLiteral("JIN"), QPoint(650, 200));
+    EXPECT_EQ(viewer->Text(), QStringList({"Family", "JIN", "Desc: Jingles and station IDs", "EveryBody (R): True"}));
+    EXPECT_EQ(target->source, nullptr) << "the viewer covers the target";
+    EXPECT_EQ(Registered(QStringLiteral("DataViewer")), viewer->Component());
 }
 
 TEST_F(BrowserDrag, AFamilyDraggedOutOfTheProgramGoesOnAsTextAndDropsOnNoControl)
