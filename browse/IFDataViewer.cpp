@@ -75,8 +75,11 @@ void IFDataViewer::DelayedLoad(const std::shared_ptr<CComponent>& source)
 void IFDataViewer::Drop(const QString& cartID)
 {
     Guarded(Object, QStringLiteral("Drop"), [&] {
+        std::shared_ptr<CKernel> kernel = Globals::Kernel();
+        if (!kernel)
+            return;
         m_cartID = cartID;
-        std::shared_ptr<iCart> cart = Globals::Kernel()->Carts()->NewCart();
+        std::shared_ptr<iCart> cart = kernel->Carts()->NewCart();
         cart->SetID(cartID);
         {
             // One load for the whole change, not one per property.

@@ -232,3 +232,13 @@ TEST_F(DataViewerTest, LabelsAndValuesArePaintedInTheirColours)
     EXPECT_TRUE(value);
     EXPECT_TRUE(Photograph(viewer.get(), QStringLiteral("IFDataViewer")));
 }
+
+TEST(DataViewerWithoutKernel, ALayoutUnderEditPrintsNothingAndTakesNoCart)
+{
+    Globals::SetKernel(nullptr);
+    IFDataViewer viewer;
+    viewer.Drop(QStringLiteral("MUS0001"));
+    EXPECT_TRUE(viewer.Text().isEmpty());
+    EXPECT_EQ(viewer.Source(), nullptr);
+    EXPECT_EQ(viewer.Component()->SharedObject(), nullptr);
+}
