@@ -1,6 +1,7 @@
 #include "metering/IFClock.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
+#include "foundation/Log.h"
 #include "foundation/controls/VolmarPannel.h"
 #include "foundation/ui/SilenceDescendants.h"
 #include "foundation/Tr.h"
@@ -21,6 +22,7 @@ IFClock::IFClock(QWidget* parent)
     : QWidget(parent)
     , VolmarPannel1(new VolmarPannel(this, QStringLiteral("VolmarPannel1")))
     , LblClock(new QLabel(VolmarPannel1))
+    , LblTrust(new QLabel(VolmarPannel1))
     , m_now(&QDateTime::currentDateTime)
     , m_runner(ProcessRunner(this, ProgramTimeoutMs))
     , m_synchronizer([this](const QString& program, const QStringList& arguments, const ProgramDone& done) { m_runner(program, arguments, done); },
@@ -34,6 +36,10 @@ IFClock::IFClock(QWidget* parent)
     LblClock->setStyleSheet(QStringLiteral("QLabel { background: black; color: rgb(255, 196, 64); }"));
     LblClock->setText(QStringLiteral("Design"));
     LblClock->installEventFilter(this);
+    LblTrust->setObjectName(QStringLiteral("LblTrust"));
+    LblTrust->setFixedSize(10, 10);
+    LblTrust->setStyleSheet(QStringLiteral("QLabel { background: gray; border: 1px solid black; }"));
+    LblTrust->hide();
     SetClockSize(m_clockSize);
     resize(200, 70);
 
@@ -42,6 +48,8 @@ IFClock::IFClock(QWidget* parent)
     TmrSync.setInterval(SyncCheckMs);
     connect(&TmrSync, &QTimer::timeout, this, &IFClock::TmrSync_Timer);
     TmrSync.start();
+    TmrTrust.setInterval(TrustCheckMs);
+    connect(&TmrTrust, &QTimer::timeout, this, &IFClock::TmrTrust_Timer);
     QTimer::singleShot(0, this, &IFClock::Init);
 }
 
@@ -58,6 +66,10 @@ void IFClock::Init()
     VolmarPannel1->SetCaption(Tr(VolmarPannel1->Caption()));
     Repaint();
     Timer1.start();
+    m_trustLimits = ClockTrust::ReadLimits();
+    LblTrust->show();
+    TmrTrust.start();
+    QTimer::singleShot(FirstTrustCheckMs, this, &IFClock::TmrTrust_Timer);
 }
 
 void IFClock::SetClockMode(qint32 mode)
@@ -150,6 +162,49 @@ void IFClock::Selector_MouseDown(const QPoint& globalPos)
     });
 }
 
+void IFClock::TmrTrust_Timer()
+{
+    m_runner(QStringLiteral("chronyc"), {QStringLiteral("tracking")}, [this](const ProgramOutcome& outcome) {
+        Guarded(Object, QStringLiteral("TmrTrust_Timer"), [&] {
+            if (outcome.kind == ProgramOutcome::NotStarted) {
+                ShowTrust(std::nullopt, QStringLiteral("the program chronyc is not installed or cannot be started"));
+                return;
+            }
+            const std::optional<ChronyTracking> tracking =
+                outcome.kind == ProgramOutcome::Finished && outcome.exitCode == 0 ? ChronyTracking::Parse(outcome.output) : std::nullopt;
+            ShowTrust(tracking, tracking ? QString() : QStringLiteral("chronyc tracking gave no answer: ") + outcome.output.section(u'\n', -1));
+        });
+    });
+}
+
+void IFClock::ShowTrust(const std::optional<ChronyTracking>& tracking, const QString& failure)
+{
+    const QDateTime now = m_now().toUTC();
+    const ClockTrust::Level level = ClockTrust::Judge(tracking, now, m_trustLimits);
+    LblTrust->setStyleSheet(QStringLiteral("QLabel { background: %1; border: 1px solid black; }").arg(ClockTrust::Colour(level).name()));
+    LblTrust->setToolTip(tracking ? QStringLiteral("%1: offset %2 ms, updated %3 s ago")
+                                        .arg(tracking->source)
+                                        .arg(tracking->offsetSeconds * 1000, 0, 'f', 3)
+                                        .arg(tracking->referenceTime.secsTo(now))
+                                  : failure);
+    LogSynchronisation(tracking, failure);
+}
+
+// The first reading is logged only when the clock is not synchronised; later ones at each change.
+void IFClock::LogSynchronisation(const std::optional<ChronyTracking>& tracking, const QString& failure)
+{
+    const bool synchronised = tracking && tracking->synchronised;
+    const bool changed = m_synchronised ? *m_synchronised != synchronised : !synchronised;
+    m_synchronised = synchronised;
+    if (!changed)
+        return;
+    if (synchronised)
+        LogOk(Object, QStringLiteral("TmrTrust_Timer"), QStringLiteral("Time synchronised again with %1").arg(tracking->source));
+    else
+        LogError(Object, QStringLiteral("TmrTrust_Timer"),
+                 QStringLiteral("Time not synchronised: ") + (tracking ? QStringLiteral("chrony has no usable source") : failure));
+}
+
 bool IFClock::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != LblClock)
@@ -175,4 +230,6 @@ bool IFClock::eventFilter(QObject* watched, QEvent* event)
 void IFClock::resizeEvent(QResizeEvent*)
 {
     VolmarPannel1->setGeometry(rect());
+    LblTrust->move(VolmarPannel1->width() - LblTrust->width() - 4, 3);
+    LblTrust->raise();
 }

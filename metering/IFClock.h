@@ -1,4 +1,6 @@
 #pragma once
+#include "metering/ChronyTracking.h"
+#include "metering/ClockTrust.h"
 #include "metering/ProgramRunner.h"
 #include "metering/TimeSynchronizer.h"
 #include <QDateTime>
@@ -15,13 +17,17 @@ class VolmarPannel;
 // 10 s (TmrSync) it asks whether this hour's synchronisation is due, and in minute 52, when the
 // shared store's TimeSync is exactly "Yes", it sets the computer's clock from TimeSyncServer
 // (TimeSynchronizer) without ever waiting on the interface thread. Without a kernel (a layout
-// being edited) the label reads "Design" and only TmrSync runs.
+// being edited) the label reads "Design" and only TmrSync runs. A lamp in the corner (LblTrust)
+// tells every minute (TmrTrust) how far the time can be trusted, from `chronyc tracking`
+// (ClockTrust), and each loss and return of synchronisation is logged.
 class IFClock : public QWidget
 {
     Q_OBJECT
 public:
     static constexpr int RepaintMs = 250;
     static constexpr int SyncCheckMs = 10000;
+    static constexpr int TrustCheckMs = 60000;
+    static constexpr int FirstTrustCheckMs = 2000;
 
     explicit IFClock(QWidget* parent = nullptr);
     ~IFClock() override;
@@ -49,11 +55,15 @@ public:
     void TmrSync_Timer();
     void LowLevelSynchronize();
     void Selector_MouseDown(const QPoint& globalPos);
+    // Asks chrony how the clock is synchronised; the lamp changes when it answers.
+    void TmrTrust_Timer();
 
     VolmarPannel* VolmarPannel1;
     QLabel* LblClock;
+    QLabel* LblTrust;
     QTimer Timer1;
     QTimer TmrSync;
+    QTimer TmrTrust;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -63,6 +73,8 @@ private:
     void Repaint();
     void UpdateAlterFlag();
     QString TimeText() const;
+    void ShowTrust(const std::optional<ChronyTracking>& tracking, const QString& failure);
+    void LogSynchronisation(const std::optional<ChronyTracking>& tracking, const QString& failure);
 
     std::function<QDateTime()> m_now;
     ProgramRunner m_runner;
@@ -72,5 +84,7 @@ private:
     bool m_pressed = false;
     bool m_alternation = false;
     bool m_started = false;
+    std::optional<bool> m_synchronised;
+    ClockTrust::Limits m_trustLimits;
     QString m_text;
 };

@@ -50,6 +50,11 @@ protected:
 
     QString Label() const { return clock->LblClock->text(); }
 
+    // The fake kernel has no station, so reading the settings file is an error of its own.
+    QStringList ClockErrors() const { return log->Errors().filter(QStringLiteral(" IFClock.")); }
+
+    QStringList TrustLines() const { return log->lines.filter(QStringLiteral("IFClock.TmrTrust_Timer")); }
+
     QDateTime now{QDate(2026, 3, 5), QTime(9, 7, 16)};
     std::unique_ptr<QWidget> created;
     IFClock* clock = nullptr;
@@ -115,7 +120,7 @@ TEST_F(ClockTest, ThePopupMenuSetsModeAndSizeAndCancelChangesNothing)
     clock->Selector_MouseDown(QPoint());
     EXPECT_EQ(clock->ClockMode(), 1);
     EXPECT_EQ(clock->ClockSize(), 32);
-    EXPECT_TRUE(log->Errors().isEmpty());
+    EXPECT_TRUE(ClockErrors().isEmpty());
 }
 
 TEST_F(ClockTest, CaptionIsThePanels)
@@ -161,14 +166,14 @@ TEST_F(ClockTest, TheClockIsSetOnceInMinute52WhenTheStationAsksExactlyYes)
     kernel->config.insert(QStringLiteral("TimeSyncServer"), QStringLiteral("ntp.example.org && reboot"));
     clock->LowLevelSynchronize();
     EXPECT_EQ(runs.size(), 1);
-    EXPECT_EQ(log->Errors().size(), 1);
+    EXPECT_EQ(ClockErrors().size(), 1);
     clock->Timer1_Timer();
     EXPECT_EQ(Label(), QStringLiteral("11:52:10"));
 }
 
 TEST_F(ClockTest, PicturesOfEachMode)
 {
-    clock->resize(220, 90);
+    clock->resize(260, 100);
     clock->show();
     At(QStringLiteral("14:52:07"));
     clock->SetClockSize(23);
@@ -182,4 +187,36 @@ TEST_F(ClockTest, PicturesOfEachMode)
     clock->SetClockMode(0);
     QApplication::processEvents();
     EXPECT_TRUE(Photograph(clock, QStringLiteral("clock-tiny")));
+}
+
+TEST_F(ClockTest, TheTrustLampFollowsChronyAndEachLossAndReturnIsLogged)
+{
+    QString answer = QStringLiteral("506 Cannot talk to daemon");
+    int exitCode = 1;
+    clock->SetProgramRunner([&](const QString& program, const QStringList& arguments, const ProgramDone& done) {
+        runs.append(program + QLatin1Char(' ') + arguments.join(QLatin1Char('|')));
+        done({ProgramOutcome::Finished, exitCode, answer});
+    });
+    now = QDateTime(QDate(2026, 11, 23), QTime(16, 21, 0), Qt::UTC);
+    clock->TmrTrust_Timer();
+    EXPECT_EQ(runs, QStringList({"chronyc tracking"}));
+    EXPECT_TRUE(clock->LblTrust->styleSheet().contains(QStringLiteral("#dc281e")));
+    EXPECT_EQ(TrustLines(), QStringList({"ERROR IFClock.TmrTrust_Timer: Time not synchronised: chronyc tracking gave no answer: 506 Cannot talk to daemon"}));
+
+    answer = QStringLiteral("Reference ID    : C0A80101 (ntp.example.org)\n"
+                            "Ref time (UTC)  : Mon Nov 23 16:20:00 2026\n"
+                            "System time     : 0.000012345 seconds fast of NTP time\n"
+                            "Leap status     : Normal\n");
+    exitCode = 0;
+    clock->TmrTrust_Timer();
+    clock->TmrTrust_Timer();
+    EXPECT_TRUE(clock->LblTrust->styleSheet().contains(QStringLiteral("#28c846")));
+    EXPECT_EQ(clock->LblTrust->toolTip(), QStringLiteral("ntp.example.org: offset 0.012 ms, updated 60 s ago"));
+    EXPECT_EQ(TrustLines().size(), 2);
+    EXPECT_EQ(TrustLines().last(), QStringLiteral("OK IFClock.TmrTrust_Timer: Time synchronised again with ntp.example.org"));
+
+    answer.replace(QStringLiteral("Normal"), QStringLiteral("Not synchronised"));
+    clock->TmrTrust_Timer();
+    EXPECT_EQ(TrustLines().last(), QStringLiteral("ERROR IFClock.TmrTrust_Timer: Time not synchronised: chrony has no usable source"));
+    EXPECT_EQ(clock->Text(), QStringLiteral("09:07:16"));
 }
