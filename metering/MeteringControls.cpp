@@ -1,5 +1,6 @@
 #include "metering/MeteringControls.h"
 #include "metering/IFChannelMonitor.h"
+#include "metering/IFClock.h"
 #include "metering/IFVumeter.h"
 #include "metering/IFVumeters.h"
 
@@ -17,5 +18,6 @@ void RegisterControls(const std::function<void(const QString&, ControlFactory)>&
     add(QStringLiteral("Korvane_Interface.IFVumeters"), Factory<IFVumeters>());
     add(QStringLiteral("Korvane_Interface.IFVumeter"), Factory<IFVumeter>());
     add(QStringLiteral("Korvane_Interface.IFChannelMonitor"), Factory<IFChannelMonitor>());
+    add(QStringLiteral("Korvane_Interface.IFClock"), Factory<IFClock>());
 }
 }
