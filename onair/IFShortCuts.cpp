@@ -45,6 +45,7 @@ IFShortCuts::IFShortCuts(QWidget* parent)
 void IFShortCuts::ReadSlots()
 {
     SetSlots(StationSettings::Read(PersistenceName(), SlotsProperty, QString::number(ShortCutSlots::Default)).toInt());
+    Component_ChangedProperty();
 }
 
 IFShortCuts::~IFShortCuts()
@@ -181,7 +182,7 @@ void IFShortCuts::ReportMissingCarts() const
 {
     QStringList missing;
     for (const IFFastCart* pad : m_pads)
-        if (pad->Cart() && pad->Cart()->Type() < 0)
+        if (pad->Cart() && pad->Cart()->Type() == CartType::Unknown)
             missing << pad->Cart()->ID();
     if (!missing.isEmpty())
         LogWarn(Object, QStringLiteral("RefreshContents"),

@@ -32,6 +32,10 @@ Dialogs::PopupLine Line(const QString& text, const QString& action = {})
 void IFShortCuts::CreateControls()
 {
     VolmarPannel1 = new VolmarPannel(this);
+    VolmarPannel1->SetPresetColor(1);
+    VolmarPannel1->SetVisibleGuide(false);
+    // The caption is the macro's description, none until a macro is shown.
+    VolmarPannel1->SetCaption(QString());
     auto* body = new QWidget(VolmarPannel1);
     body->setObjectName(QStringLiteral("Body"));
     auto* column = new QVBoxLayout(body);

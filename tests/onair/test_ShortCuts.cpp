@@ -6,11 +6,13 @@
 #include "editing/IFCartIDSelector.h"
 #include "editing/KorvaneCommonDialog.h"
 #include "foundation/controls/VolmarPannel.h"
+#include "kernelapi/Outcome.h"
 #include "kernelapi/iMacro.h"
 #include "kernelapi/iMacroItem.h"
 #include "onair/IFFastCart.h"
 #include "onair/IFShortCuts.h"
 #include "onair/ShortCutSlots.h"
+#include "shell/Theme.h"
 #include "shell/components/CComponent.h"
 #include "support/Photograph.h"
 #include <QCursor>
@@ -185,7 +187,8 @@ TEST_F(ShortCutsTest, RestoreForgetsUnsavedDropsAndEntriesBeyondThePadsAreLostAt
 TEST_F(ShortCutsTest, CartsThatAreGoneStayNamedWithAWarningAndTheContainerGoesOn)
 {
     StoreMacro(QStringLiteral("MES0007"), {"JIN0001", "JIN0003"});
-    ASSERT_TRUE(kernel->Carts()->DeleteCart(QStringLiteral("JIN0003"), false));
+    const Outcome deleted = kernel->Carts()->DeleteCart(QStringLiteral("JIN0003"), false);
+    ASSERT_FALSE(deleted.failed) << deleted.message.toStdString();
     IFShortCuts& container = Container(3);
     container.SetMacroName(QStringLiteral("MES0007"));
     EXPECT_EQ(PadIDs(container), (QStringList{"JIN0001", "JIN0003", ""}));
@@ -254,9 +257,11 @@ TEST_F(ShortCutsTest, APadDraggedToADeckPlaysThereByEitherDrag)
 TEST_F(ShortCutsTest, PhotographOfTheContainer)
 {
     StoreMacro(QStringLiteral("MES0005"), {"JIN0001", "MUS0001", "", "PUB0001", "MES0000", "CON0001"});
+    Theme::Apply(*qApp);
     IFShortCuts& container = Container(7);
     container.SetMacroName(QStringLiteral("MES0005"));
     container.resize(340, 230);
     QApplication::processEvents();
     EXPECT_TRUE(Photograph(&container, QStringLiteral("shortcuts")));
+    qApp->setStyleSheet(QString());
 }
