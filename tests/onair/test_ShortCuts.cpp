@@ -125,6 +125,12 @@ TEST_F(ShortCutsTest, SlotsPersistNeverGoBelowOneAndThePadsAreSingleLinesWithNam
         texts << line.text;
     EXPECT_EQ(texts, (QStringList{"-Shortcut Container", "Change description", "Add Slot", "Remove Slot", "-Cancel", "Cancel"}));
     EXPECT_EQ(container.Slots(), 2);
+    // The same menu on the frame.
+    dialogs->popupChoices.push_back(QStringLiteral("IFShortCuts.SpinDown"));
+    auto* frame = container.findChild<VolmarPannel*>();
+    QTest::mouseClick(frame, Qt::RightButton, {}, QPoint(frame->width() / 2, 4));
+    EXPECT_EQ(dialogs->menus.size(), 2);
+    EXPECT_EQ(container.Slots(), 1);
 
     IFShortCuts& again = Container(1, QStringLiteral("IFShortCuts2"));
     again.SetSlots(5);
@@ -146,6 +152,17 @@ TEST_F(ShortCutsTest, DropsFillThePadsAndTheSaveKeepsThemInANewMacroShownAgainEl
     container.Drop(QStringLiteral("JIN0002"));
     EXPECT_EQ(PadIDs(container), (QStringList{"", "JIN0001", "", "MUS0001"})) << "a drop outside every pad changes nothing";
 
+    // The program's drag drops on a pad's own component; a family offered there is ignored.
+    auto family = std::make_shared<CComponent>();
+    family->SetShareType(CComponent::ShareFamily);
+    container.Pad(2)->Component()->RaiseEventDragDrop(family);
+    EXPECT_EQ(container.Pad(2)->Cart(), nullptr);
+    auto browser = std::make_shared<CComponent>();
+    browser->SetShareType(CComponent::ShareCart);
+    browser->SetSharedObject(Cart(QStringLiteral("PUB0001")));
+    container.Pad(2)->Component()->RaiseEventDragDrop(browser);
+    EXPECT_EQ(PadIDs(container), (QStringList{"", "JIN0001", "PUB0001", "MUS0001"}));
+
     int shown = 0;
     previousRunner = KorvaneCommonDialog::SetModalRunner([&](DlgCartIDSelector& dialog) {
         ++shown;
@@ -156,11 +173,11 @@ TEST_F(ShortCutsTest, DropsFillThePadsAndTheSaveKeepsThemInANewMacroShownAgainEl
     EXPECT_EQ(shown, 1);
     EXPECT_EQ(container.Dialog().CartFilter(), KorvaneCommonDialog::Macros);
     EXPECT_EQ(container.MacroName(), QStringLiteral("MES0009"));
-    EXPECT_EQ(StoredEntries(QStringLiteral("MES0009")), (QStringList{"", "JIN0001", "", "MUS0001"}));
+    EXPECT_EQ(StoredEntries(QStringLiteral("MES0009")), (QStringList{"", "JIN0001", "PUB0001", "MUS0001"}));
 
     IFShortCuts& other = Container(6, QStringLiteral("IFShortCuts2"));
     other.SetMacroName(QStringLiteral("MES0009"));
-    EXPECT_EQ(PadIDs(other), (QStringList{"", "JIN0001", "", "MUS0001", "", ""}));
+    EXPECT_EQ(PadIDs(other), (QStringList{"", "JIN0001", "PUB0001", "MUS0001", "", ""}));
     EXPECT_EQ(other.findChild<QLabel*>(QStringLiteral("LblName"))->text(), QStringLiteral("MES0009"));
     EXPECT_EQ(other.findChild<VolmarPannel*>()->Caption(), QStringLiteral("Everyday"));
     EXPECT_TRUE(log->Errors().isEmpty()) << log->Errors().join('\n').toStdString();
