@@ -9,6 +9,7 @@
 #include "onair/UCFastCartsContents.h"
 #include "onair/IFPlayList.h"
 #include "onair/IFPlayLists.h"
+#include "onair/IFShortCuts.h"
 #include "onair/UCPlayListContents.h"
 #include "onair/UCPlayListDiskOperation.h"
 #include "onair/UCPlayListStatus.h"
@@ -30,6 +31,8 @@ void RegisterControls(const std::function<void(const QString&, ControlFactory)>&
     add(QStringLiteral("Korvane_Interface.UCPlayListContents"), [](QWidget* parent) -> QWidget* { return new UCPlayListContents(parent); });
     add(QStringLiteral("Korvane_Interface.UCPlayListStatus"), [](QWidget* parent) -> QWidget* { return new UCPlayListStatus(parent); });
     add(QStringLiteral("Korvane_Interface.UCPlayListDiskOperation"), [](QWidget* parent) -> QWidget* { return new UCPlayListDiskOperation(parent); });
+    // The shortcut container.
+    add(QStringLiteral("Korvane_Interface.IFShortCuts"), [](QWidget* parent) -> QWidget* { return new IFShortCuts(parent); });
     add(QStringLiteral("FrmOnAir"), [](QWidget*) -> QWidget* { return new FrmOnAir; });
 }
 }
