@@ -1,4 +1,5 @@
 #include "metering/IFClock.h"
+#include <utility>
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Log.h"
@@ -167,7 +168,7 @@ void IFClock::TmrTrust_Timer()
     m_runner(QStringLiteral("chronyc"), {QStringLiteral("tracking")}, [this](const ProgramOutcome& outcome) {
         Guarded(Object, QStringLiteral("TmrTrust_Timer"), [&] {
             if (outcome.kind == ProgramOutcome::NotStarted) {
-                ShowTrust(std::nullopt, QStringLiteral("the program chronyc is not installed or cannot be started"));
+                ShowNoTimeService();
                 return;
             }
             const std::optional<ChronyTracking> tracking =
@@ -188,6 +189,17 @@ void IFClock::ShowTrust(const std::optional<ChronyTracking>& tracking, const QSt
                                         .arg(tracking->referenceTime.secsTo(now))
                                   : failure);
     LogSynchronisation(tracking, failure);
+}
+
+// Without a time service nothing tells whether the clock is true: the lamp stays grey and one
+// warning says so; a machine that never had one is not a clock that lost its source.
+void IFClock::ShowNoTimeService()
+{
+    const QString why = QStringLiteral("No time service: the program chronyc is not installed or cannot be started");
+    LblTrust->setStyleSheet(QStringLiteral("QLabel { background: grey; border: 1px solid black; }"));
+    LblTrust->setToolTip(why);
+    if (!std::exchange(m_noTimeServiceTold, true))
+        LogWarn(Object, QStringLiteral("TmrTrust_Timer"), why);
 }
 
 // The first reading is logged only when the clock is not synchronised; later ones at each change.

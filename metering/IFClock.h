@@ -74,6 +74,7 @@ private:
     void UpdateAlterFlag();
     QString TimeText() const;
     void ShowTrust(const std::optional<ChronyTracking>& tracking, const QString& failure);
+    void ShowNoTimeService();
     void LogSynchronisation(const std::optional<ChronyTracking>& tracking, const QString& failure);
 
     std::function<QDateTime()> m_now;
@@ -85,6 +86,7 @@ private:
     bool m_alternation = false;
     bool m_started = false;
     std::optional<bool> m_synchronised;
+    bool m_noTimeServiceTold = false;
     ClockTrust::Limits m_trustLimits;
     QString m_text;
 };

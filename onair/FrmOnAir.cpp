@@ -1,15 +1,21 @@
 #include "onair/FrmOnAir.h"
 #include "browse/IFBrowserCart.h"
 #include "browse/IFBrowserFamily.h"
+#include "browse/IFDataViewer.h"
 #include "editing/IFCartEraser.h"
 #include "editing/IFCartRecorder.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/ui/TranslateWidgets.h"
+#include "foundation/Globals.h"
+#include "kernelapi/CKernel.h"
+#include "kernelapi/iCart.h"
+#include "metering/IFClock.h"
 #include "metering/IFVumeters.h"
 #include "onair/IFCartPlayer.h"
 #include "onair/IFFastCarts.h"
 #include "onair/IFPlayList.h"
 #include "onair/IFPlayLists.h"
+#include "onair/IFShortCuts.h"
 #include "foundation/ui/Twips.h"
 #include "shell/FormPlacement.h"
 #include <QDropEvent>
@@ -50,8 +56,11 @@ QWidget* FrmOnAir::BuildBrowsers()
     IFBrowserFamily1->setObjectName(QStringLiteral("IFBrowserFamily1"));
     IFBrowserCart1 = new IFBrowserCart(column);
     IFBrowserCart1->setObjectName(QStringLiteral("IFBrowserCart1"));
+    IFDataViewer1 = new IFDataViewer(column);
+    IFDataViewer1->setObjectName(QStringLiteral("IFDataViewer1"));
     layout->addWidget(IFBrowserFamily1, 2);
     layout->addWidget(IFBrowserCart1, 5);
+    layout->addWidget(IFDataViewer1, 2);
     return column;
 }
 
@@ -67,7 +76,11 @@ QWidget* FrmOnAir::BuildLists()
     IFFastCarts1->setObjectName(QStringLiteral("IFFastCarts1"));
     ListTabs->addTab(IFPlayList1, QStringLiteral("Waiting list"));
     ListTabs->addTab(IFPlayLists1, QStringLiteral("Playlists"));
+    IFShortCuts1 = new IFShortCuts(ListTabs);
+    IFShortCuts1->setObjectName(QStringLiteral("IFShortCuts1"));
+    IFShortCuts1->SetCompatibleWithOldDragDropBehaviour(true);
     ListTabs->addTab(IFFastCarts1, QStringLiteral("Pads"));
+    ListTabs->addTab(IFShortCuts1, QStringLiteral("Shortcuts"));
     return ListTabs;
 }
 
@@ -84,8 +97,11 @@ QWidget* FrmOnAir::BuildDecks()
     CmdExit->setObjectName(QStringLiteral("CmdExit"));
     CmdExit->setText(QStringLiteral("Exit"));
     CmdExit->setMinimumSize(90, 36);
+    IFClock1 = new IFClock(column);
+    IFClock1->setObjectName(QStringLiteral("IFClock1"));
     header->addWidget(CartLabel);
     header->addStretch();
+    header->addWidget(IFClock1);
     header->addWidget(CmdExit);
     layout->addLayout(header);
     for (int k = 0; k < DeckCount; ++k) {
@@ -135,6 +151,12 @@ void FrmOnAir::WireControls()
             [this](const QStringList& cartIDs, const QString& cartID) { m_oldStyleDrag.StartDrag(IFBrowserCart1, cartID, cartIDs); });
     connect(IFFastCarts1, &IFFastCarts::OldStyleTryToDrag, this,
             [this](const QString& cartID) { m_oldStyleDrag.StartDrag(IFFastCarts1, cartID); });
+    connect(IFShortCuts1, &IFShortCuts::OldStyleTryToDrag, this,
+            [this](const QString& cartID) { m_oldStyleDrag.StartDrag(IFShortCuts1, cartID); });
+    // What is pointed at is printed on the data viewer.
+    connect(IFBrowserCart1, &IFBrowserCart::Hover, IFDataViewer1, &IFDataViewer::DelayedLoad);
+    for (IFCartPlayer* deck : IFCartPlayer1)
+        connect(deck, &IFCartPlayer::ToolTip, IFDataViewer1, [this](const std::shared_ptr<iCart>& cart) { IFDataViewer1->Drop(cart->ID()); });
 }
 
 void FrmOnAir::SetPreventShortCuts(bool prevent)
@@ -184,6 +206,10 @@ bool FrmOnAir::DropAt(const QPoint& at, const QPointF& exact)
         IFPlayLists1->Load(cartID);
     } else if (IFFastCarts1->isVisible() && Contains(IFFastCarts1, at)) {
         IFFastCarts1->Drop(cartID);
+    } else if (IFShortCuts1->isVisible() && Contains(IFShortCuts1, at)) {
+        IFShortCuts1->Drop(cartID);
+    } else if (Contains(IFDataViewer1, at)) {
+        IFDataViewer1->Drop(cartID);
     } else {
         return false;
     }
@@ -220,6 +246,11 @@ void FrmOnAir::Form_Load()
         IFPlayList1->Init();
         IFPlayLists1->Init();
         IFFastCarts1->Init();
+        // The station's shortcut macro, when it names one.
+        const QString shortCuts = Globals::Kernel()->Config(QStringLiteral("DirAccessID")).toString();
+        if (!shortCuts.isEmpty())
+            IFShortCuts1->SetMacroName(shortCuts);
+        IFClock1->Init();
         step(QStringLiteral("Levels"));
         LevelPannel->Init();
         setFocus();

@@ -8,7 +8,10 @@ class IFCartEraser;
 class IFCartRecorder;
 class IFBrowserFamily;
 class IFCartPlayer;
+class IFClock;
+class IFDataViewer;
 class IFFastCarts;
+class IFShortCuts;
 class IFPlayList;
 class IFPlayLists;
 class QTabWidget;
@@ -16,9 +19,11 @@ class IFVumeters;
 class QLabel;
 class QToolButton;
 
-// The first on-air page: the family and cart browsers on the left; in the middle a waiting
-// list, the playlist manager and the pad grid, one page each; the two decks of channel "A",
-// the recorder of channel "Rec" beside the eraser, and the meter row on the right. A family
+// The first on-air page: the family and cart browsers and the data viewer on the left; in the
+// middle a waiting list, the playlist manager, the pad grid and the station's shortcut
+// container, one page each; the clock, the two decks of channel "A", the recorder of channel
+// "Rec" beside the eraser, and the meter row on the right. A cart pointed at in the browser
+// or resting under the pointer on a deck is printed on the data viewer. A family
 // chosen in the family browser fills the cart browser; a cart dragged from the list onto a
 // deck plays there, onto the waiting list joins it, onto a pad takes it. The keys fire the
 // pads unless a browser's text box wants them. The page stands until the full Live screen
@@ -33,11 +38,14 @@ public:
 
     IFBrowserFamily* IFBrowserFamily1;
     IFBrowserCart* IFBrowserCart1;
+    IFDataViewer* IFDataViewer1;
     std::array<IFCartPlayer*, DeckCount> IFCartPlayer1;
     QTabWidget* ListTabs;
     IFPlayList* IFPlayList1;
     IFPlayLists* IFPlayLists1;
     IFFastCarts* IFFastCarts1;
+    IFShortCuts* IFShortCuts1;
+    IFClock* IFClock1;
     IFCartRecorder* IFCartRecorder1;
     IFCartEraser* IFCartEraser1;
     IFVumeters* LevelPannel;

@@ -64,8 +64,11 @@ void TranslateForm(const iTranslator& translator, QWidget* form)
 void TranslateWithKernel(QWidget* widget)
 {
     Guarded(QStringLiteral("Translator"), QStringLiteral("TranslateForm"), [&] {
-        if (auto kernel = Globals::Kernel())
-            TranslateForm(*kernel->Translator(), widget);
+        const auto kernel = Globals::Kernel();
+        const auto translator = kernel ? kernel->Translator() : nullptr;
+        // Without a kernel or its translator the texts stay as they are written.
+        if (translator)
+            TranslateForm(*translator, widget);
     });
 }
 

@@ -220,3 +220,14 @@ TEST_F(ClockTest, TheTrustLampFollowsChronyAndEachLossAndReturnIsLogged)
     EXPECT_EQ(TrustLines().last(), QStringLiteral("ERROR IFClock.TmrTrust_Timer: Time not synchronised: chrony has no usable source"));
     EXPECT_EQ(clock->Text(), QStringLiteral("09:07:16"));
 }
+
+TEST_F(ClockTest, WithoutATimeServiceTheLampIsGreyAndOneWarningSaysSo)
+{
+    clock->SetProgramRunner([&](const QString&, const QStringList&, const ProgramDone& done) {
+        done({ProgramOutcome::NotStarted, -1, QStringLiteral("execvp: No such file or directory")});
+    });
+    clock->TmrTrust_Timer();
+    clock->TmrTrust_Timer();
+    EXPECT_TRUE(clock->LblTrust->styleSheet().contains(QStringLiteral("grey")));
+    EXPECT_EQ(TrustLines(), QStringList({"WARN IFClock.TmrTrust_Timer: No time service: the program chronyc is not installed or cannot be started"}));
+}
