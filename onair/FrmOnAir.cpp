@@ -99,6 +99,7 @@ QWidget* FrmOnAir::BuildDecks()
     CmdExit->setMinimumSize(90, 36);
     IFClock1 = new IFClock(column);
     IFClock1->setObjectName(QStringLiteral("IFClock1"));
+    IFClock1->setMinimumSize(170, 40);
     header->addWidget(CartLabel);
     header->addStretch();
     header->addWidget(IFClock1);
