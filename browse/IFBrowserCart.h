@@ -97,6 +97,9 @@ public:
     void ParseUnGhost();
     void DeleteSelectedItem();
     void InsertDummyItem();
+    // The popup menu of a right release on the list, and the work of its chosen key.
+    void ShowMenu(const QPoint& globalPos);
+    void Dispatch(const QString& key);
     // Receives a component dropped on the browser: a family loads, a cart is added to a macro.
     void Component_DragDrop(const std::shared_ptr<CComponent>& source);
 
@@ -187,6 +190,16 @@ private:
     bool MayAddGhost() const { return m_mode != FamilyMode; }
     // IFBrowserCartArrows.cpp: the hover arrow, and the signal arrows over SignalArrows.
     void PushArrow(int row, const QString& icon);
+    // IFBrowserCartMenu.cpp: the popup menu's context and its actions.
+    std::shared_ptr<iFamily> MenuFamily(const std::shared_ptr<iCart>& cart) const;
+    void MoveOrCopy(const QString& familyID, int number, bool copy);
+    void Export(int folder);
+    void Recalculate(bool accurate);
+    void DeleteCart(bool removeFile);
+    void EmptyCart();
+    void InsertSpacer(int number);
+    // Refreshes the family of that ID when it exists.
+    static void RefreshFamily(const QString& familyID);
     // IFBrowserCartInput.cpp: mouse and keys.
     QList<QObject*> DragReporters() const;
     void OnMouse(QMouseEvent* event, int notification);

@@ -23,6 +23,8 @@ bool IFBrowserCart::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonRelease:
         if (DragReporters().contains(watched))
             OnMouse(static_cast<QMouseEvent*>(event), CDrag::MouseUp);
+        if (watched == ListView1->viewport() && static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
+            ShowMenu(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
         break;
     case QEvent::MouseMove:
         if (watched == ListView1->viewport()) {
