@@ -18,21 +18,15 @@
 #include <QFile>
 #include <QUrl>
 #include <gtest/gtest.h>
+#include "KernelChecks.h"
+
+using KernelChecks::Failure;
 
 namespace {
 constexpr qint32 Ready = static_cast<qint32>(CartPlayerStatus::Ready);
 constexpr qint32 Playing = static_cast<qint32>(CartPlayerStatus::Playing);
 constexpr qint32 Cued = static_cast<qint32>(CartPlayerStatus::Cued);
 
-template <typename Call> QString Failure(Call call)
-{
-    try {
-        call();
-        return {};
-    } catch (const KernelError& e) {
-        return e.Description();
-    }
-}
 }
 
 // The demo station's carts, macros and playlists on a player of the kernel, on the virtual

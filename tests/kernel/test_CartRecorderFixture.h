@@ -1,4 +1,5 @@
 #pragma once
+#include "KernelChecks.h"
 #include "foundation/Ini.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernel/EnergyFile.h"
@@ -143,13 +144,7 @@ protected:
         return QDir(station.SoundDir()).entryList(QDir::Files, QDir::Name);
     }
 
-    QStringList LogLinesWith(const QString& text) const
-    {
-        QFile file(logger->FileFor(QDate::currentDate()));
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n')).filter(text);
-    }
+    QStringList LogLinesWith(const QString& text) const { return KernelChecks::LogLinesWith(*logger, text); }
 
     TempStation station;
     std::shared_ptr<FileLogger> logger = std::make_shared<FileLogger>(station.Folder().LogDir());

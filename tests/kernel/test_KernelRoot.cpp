@@ -6,6 +6,9 @@
 #include "kernelapi/iRecordset.h"
 #include "kernelapi/iStation.h"
 #include <QTemporaryDir>
+#include "KernelChecks.h"
+
+using KernelChecks::Failure;
 
 namespace {
 // The description of the KernelError that opening the folder throws; empty when it opens.
@@ -27,15 +30,6 @@ void WriteFile(const QString& path, const QByteArray& content)
 }
 
 // The description of the KernelError a kernel call throws; empty when it does not throw.
-template <typename Call> QString Failure(Call call)
-{
-    try {
-        call();
-        return {};
-    } catch (const KernelError& e) {
-        return e.Description();
-    }
-}
 }
 
 TEST(KernelOpen, AFolderWithoutStationIniIsNotAStation)

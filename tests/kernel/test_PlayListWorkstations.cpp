@@ -12,26 +12,12 @@
 #include "support/TestServer.h"
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include "KernelChecks.h"
+
+using KernelChecks::Failure;
+using KernelChecks::RowIDs;
 
 namespace {
-QStringList RowIDs(const iPlayList& list)
-{
-    QStringList ids;
-    for (int i = 1; i <= list.Count(); ++i)
-        ids << (list.Item(i)->Cart() ? list.Item(i)->Cart()->ID() : QStringLiteral("-"));
-    return ids;
-}
-
-template <typename Call> QString Failure(Call call)
-{
-    try {
-        call();
-        return {};
-    } catch (const KernelError& e) {
-        return e.Description();
-    }
-}
-
 // The walk both engines run: each workstation holds the list, one edits, the other's edit over
 // the old version is refused and it sees the stored rows, then edits on top of them; a list the
 // one deletes is gone for the other at its next edit.

@@ -4,16 +4,9 @@
 #include "kernelapi/iPlayList.h"
 #include "kernelapi/iPlayListItem.h"
 #include <QSignalSpy>
+#include "KernelChecks.h"
 
-namespace {
-QStringList RowIDs(const iPlayList& list)
-{
-    QStringList ids;
-    for (int i = 1; i <= list.Count(); ++i)
-        ids << (list.Item(i)->Cart() ? list.Item(i)->Cart()->ID() : QStringLiteral("-"));
-    return ids;
-}
-}
+using KernelChecks::RowIDs;
 
 class PlayListsTest : public CartWorldTest
 {
