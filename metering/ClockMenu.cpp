@@ -3,23 +3,14 @@
 
 namespace ClockMenu {
 namespace {
-Dialogs::PopupLine Line(const QString& text, const QString& key = {}, const QVariant& data = {})
-{
-    Dialogs::PopupLine line;
-    line.text = text;
-    line.key = key;
-    line.data = data;
-    return line;
-}
-
 Dialogs::PopupLine Heading(const QString& text)
 {
-    return Line(QStringLiteral("-") + Tr(text));
+    return Dialogs::PopupLine::Item(QStringLiteral("-") + Tr(text));
 }
 
 Dialogs::PopupLine Item(const QString& text, const char* keyPrefix, qint32 number)
 {
-    Dialogs::PopupLine line = Line(Tr(text), QLatin1String(keyPrefix) + QString::number(number), number);
+    Dialogs::PopupLine line = Dialogs::PopupLine::Item(Tr(text), QLatin1String(keyPrefix) + QString::number(number), number);
     line.checkable = true;
     return line;
 }
@@ -44,7 +35,7 @@ QVector<Dialogs::PopupLine> Lines(qint32 mode, qint32 size)
 {
     QVector<Dialogs::PopupLine> lines{
         Heading(QStringLiteral("Clock")),
-        Line(QStringLiteral("-")),
+        Dialogs::PopupLine::Item(QStringLiteral("-")),
         Heading(QStringLiteral("Mode")),
         Item(QStringLiteral("Time_h"), ModeKey, 0),
         Item(QStringLiteral("Date"), ModeKey, 1),
@@ -56,8 +47,8 @@ QVector<Dialogs::PopupLine> Lines(qint32 mode, qint32 size)
         Item(QStringLiteral("Medium"), SizeKey, Sizes[2]),
         Item(QStringLiteral("Big"), SizeKey, Sizes[3]),
         Item(QStringLiteral("Huge"), SizeKey, Sizes[4]),
-        Line(QStringLiteral("-")),
-        Line(Tr(QStringLiteral("Cancel")), QLatin1String(CancelKey)),
+        Dialogs::PopupLine::Item(QStringLiteral("-")),
+        Dialogs::PopupLine::Item(Tr(QStringLiteral("Cancel")), QLatin1String(CancelKey)),
     };
     Check(lines, QLatin1String(ModeKey) + QString::number(mode));
     Check(lines, QLatin1String(ModeKey) + QString::number(size));

@@ -94,17 +94,8 @@ bool IFCartPlayer::IsMenuArea(QObject* watched) const
 void IFCartPlayer::PopupMenu(const QPoint& globalPos)
 {
     Guarded(Object, QStringLiteral("PopupMenu"), [&] {
-        const auto item = [](const QString& text, const QString& action) {
-            Dialogs::PopupLine line;
-            line.text = text;
-            line.key = MenuOwner + action;
-            return line;
-        };
-        const auto heading = [](const char* text) {
-            Dialogs::PopupLine line;
-            line.text = QStringLiteral("-") + Tr(QString::fromLatin1(text));
-            return line;
-        };
+        const auto item = [](const QString& text, const QString& action) { return Dialogs::PopupLine::Item(text, MenuOwner + action); };
+        const auto heading = [](const char* text) { return Dialogs::PopupLine::Item(QStringLiteral("-") + Tr(QString::fromLatin1(text))); };
         const bool loop = m_player && m_player->Loop();
         Dialogs::PopupLine loopLine = item(Tr(QStringLiteral("Loop")), QStringLiteral("Loop"));
         loopLine.checkable = true;

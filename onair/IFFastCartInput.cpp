@@ -21,11 +21,7 @@ const QString MenuOwner = QStringLiteral("IFFastCart.");
 
 Dialogs::PopupLine Line(const QString& text, const QString& action = {})
 {
-    Dialogs::PopupLine line;
-    line.text = text;
-    if (!action.isEmpty())
-        line.key = MenuOwner + action;
-    return line;
+    return Dialogs::PopupLine::Item(text, action.isEmpty() ? QString() : MenuOwner + action);
 }
 }
 

@@ -40,6 +40,17 @@ struct PopupLine
     bool checkable = false;
     bool checked = false;
     std::vector<PopupLine> lines;
+
+    // A line of the text that answers the key with the data; a line without a key is a
+    // heading (text after "-") or a separator ("-" alone).
+    static PopupLine Item(const QString& text, const QString& key = {}, const QVariant& data = {})
+    {
+        PopupLine line;
+        line.text = text;
+        line.key = key;
+        line.data = data;
+        return line;
+    }
 };
 
 class Handler
