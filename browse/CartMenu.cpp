@@ -93,7 +93,7 @@ void AddCartBlock(QVector<Line>& lines, const Context& context)
     if (sound)
         lines << Confirmed(Tr(QStringLiteral("Empty sound ")) + context.cartID, Item(QStringLiteral("Yes"), CartOwner + QStringLiteral("Empty")));
     if (sound || context.type == CartType::Macro)
-        lines << Item(sound ? QStringLiteral("Print sound") : QStringLiteral("Print macro"), CartOwner + QStringLiteral("Print"), false);
+        lines << Item(sound ? QStringLiteral("Print sound") : QStringLiteral("Print macro"), CartOwner + QStringLiteral("Print"));
 }
 
 void AddFamilyBlock(QVector<Line>& lines, const Context& context)
@@ -102,7 +102,7 @@ void AddFamilyBlock(QVector<Line>& lines, const Context& context)
     for (int number : context.spacerSlots)
         spacer.lines.push_back(Slot(context.familyID + QLatin1Char(' ') + QString::number(number), number, FamilyOwner + QStringLiteral("InsertSpacer")));
     lines << Heading(QStringLiteral("Family")) << spacer;
-    // Fast deletion and the family's recalculation and printing are not offered yet.
+    // Fast deletion and the family's recalculation are not offered yet.
     if (context.mode == 1) {
         const QString allow = context.fastDeletion ? Tr(QStringLiteral("Allow for 5 min more, currently set at ")) + context.fastDeletionDeadline.toString(QStringLiteral("HH:mm:ss"))
                                                    : Tr(QStringLiteral("Allow for 5 min"));
@@ -111,9 +111,9 @@ void AddFamilyBlock(QVector<Line>& lines, const Context& context)
     }
     lines << Recalculate(FamilyOwner, false);
     if (context.printingMenus)
-        lines << Sub(QStringLiteral("Print family"), {Item(QStringLiteral("Header"), FamilyOwner + QStringLiteral("PrintHeader"), false),
-                                                      Item(QStringLiteral("List of carts"), FamilyOwner + QStringLiteral("PrintContents"), false),
-                                                      Item(QStringLiteral("Header + List of carts"), FamilyOwner + QStringLiteral("PrintHeader+Contents"), false)});
+        lines << Sub(QStringLiteral("Print family"), {Item(QStringLiteral("Header"), FamilyOwner + QStringLiteral("PrintHeader")),
+                                                      Item(QStringLiteral("List of carts"), FamilyOwner + QStringLiteral("PrintContents")),
+                                                      Item(QStringLiteral("Header + List of carts"), FamilyOwner + QStringLiteral("PrintHeader+Contents"))});
 }
 }
 

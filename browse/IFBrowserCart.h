@@ -198,6 +198,8 @@ private:
     void DeleteCart(bool removeFile);
     void EmptyCart();
     void InsertSpacer(int number);
+    void PrintCart();
+    void PrintFamily(bool header, bool contents);
     // Refreshes the family of that ID when it exists.
     static void RefreshFamily(const QString& familyID);
     // IFBrowserCartInput.cpp: mouse and keys.

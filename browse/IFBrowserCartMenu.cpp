@@ -35,6 +35,16 @@ QVector<CartMenu::Destination> Destinations(iFamilies& families)
     return destinations;
 }
 
+// "PrintingMenus" is a workstation's own setting; a station may also set it for all.
+bool PrintingMenus(CKernel& kernel)
+{
+    const QString key = QStringLiteral("PrintingMenus");
+    QString value = kernel.StationConfig(key).toString();
+    if (value.isEmpty())
+        value = kernel.Config(key).toString();
+    return value.compare(QStringLiteral("On"), Qt::CaseInsensitive) == 0;
+}
+
 // The hourglass while a long piece of work runs.
 class WaitCursor
 {
@@ -73,7 +83,7 @@ void IFBrowserCart::ShowMenu(const QPoint& globalPos)
             context.spacerSlots = family->FreeSlots(cart ? context.cartID : CartID(family->ID(), 0), 0);
         }
         context.destinations = Destinations(*kernel->Families());
-        context.printingMenus = kernel->Config(QStringLiteral("PrintingMenus")).toString() == QStringLiteral("On");
+        context.printingMenus = PrintingMenus(*kernel);
         chosen = Dialogs::PopupMenu(CartMenu::Lines(context), globalPos);
     });
     Dispatch(chosen);
@@ -96,6 +106,10 @@ void IFBrowserCart::Dispatch(const QString& key)
             DeleteCart(action.endsWith(QStringLiteral("DeleteFile")));
         else if (action == CartMenu::FamilyOwner + QStringLiteral("InsertSpacer"))
             InsertSpacer(choice.number);
+        else if (action == CartMenu::CartOwner + QStringLiteral("Print"))
+            PrintCart();
+        else if (action.startsWith(CartMenu::FamilyOwner + QStringLiteral("Print")))
+            PrintFamily(action.contains(QStringLiteral("Header")), action.contains(QStringLiteral("Contents")));
     });
 }
 
@@ -195,4 +209,24 @@ void IFBrowserCart::InsertSpacer(int number)
     spacer->SetDescription(answer->trimmed().isEmpty() ? Tr(QStringLiteral("New spacer")) : answer->trimmed());
     spacer->Save();
     family->Refresh();
+}
+
+void IFBrowserCart::PrintCart()
+{
+    const QString cartID = SelectedCartID();
+    if (cartID.isEmpty())
+        return;
+    const WaitCursor wait;
+    KernelCarts()->Cart(cartID)->Print(true, true);
+}
+
+// The family of the selected cart, or the browser's family when no row is selected.
+void IFBrowserCart::PrintFamily(bool header, bool contents)
+{
+    const QString selected = SelectedCartID();
+    const std::shared_ptr<iFamily> family = MenuFamily(selected.isEmpty() ? nullptr : KernelCarts()->Cart(selected));
+    if (!family)
+        return;
+    const WaitCursor wait;
+    family->Print(header, contents);
 }

@@ -2,7 +2,6 @@
 #include "foundation/Strings.h"
 #include "foundation/db/Database.h"
 #include "kernel/CartID.h"
-#include "kernel/CartReport.h"
 #include "kernel/CartWorld.h"
 #include "kernel/PropertyBag.h"
 #include "kernel/Sound.h"
@@ -331,9 +330,7 @@ bool Cart::Export(const QString& directory, bool overwrite)
 
 void Cart::Print(bool header, bool contents)
 {
-    const QString path = CartReport::Write(m_world->ReportsFolder(), QStringLiteral("cart-") + m_record.id,
-                                           QStringLiteral("Cart ") + m_record.id, ReportLines(header, contents));
-    m_world->Log().Ok(Object, QStringLiteral("Print"), QStringLiteral("Cart %1 printed to %2").arg(m_record.id, path));
+    m_world->PrintReport(Object, QStringLiteral("cart-") + m_record.id, QStringLiteral("Cart ") + m_record.id, ReportLines(header, contents));
 }
 
 QStringList Cart::ReportLines(bool header, bool contents) const

@@ -1,15 +1,17 @@
 #include "kernel/CartWorld.h"
 #include "kernel/Cart.h"
 #include "kernel/CartID.h"
+#include "kernel/CartReport.h"
+#include "kernel/ConfigStore.h"
 #include "kernel/Families.h"
 #include "kernel/Family.h"
 #include "kernel/Sound.h"
 #include "kernelapi/iUser.h"
 #include "kernelapi/iUsers.h"
 
-CartWorld::CartWorld(std::shared_ptr<Database> db, std::shared_ptr<ConfigStore> shared, const StationFolder& station,
-                     std::shared_ptr<iUsers> users, KernelLog log)
-    : m_db(db), m_shared(std::move(shared)), m_station(station), m_users(std::move(users)), m_log(std::move(log)),
+CartWorld::CartWorld(std::shared_ptr<Database> db, std::shared_ptr<ConfigStore> shared, std::shared_ptr<ConfigStore> stationStore,
+                     const StationFolder& station, std::shared_ptr<iUsers> users, KernelLog log)
+    : m_db(db), m_shared(std::move(shared)), m_stationStore(std::move(stationStore)), m_station(station), m_users(std::move(users)), m_log(std::move(log)),
       m_store(db), m_familyStore(db)
 {
 }
@@ -24,6 +26,15 @@ QString CartWorld::SoundFolder() const
 QString CartWorld::ReportsFolder() const
 {
     return m_station.Root() + QStringLiteral("reports/");
+}
+
+void CartWorld::PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines) const
+{
+    const CartReport report(ReportsFolder(), m_stationStore->Value(QStringLiteral("Printer")).toString());
+    const CartReport::Outcome outcome = report.Print(stem, title, lines);
+    if (!outcome.problem.isEmpty())
+        m_log.Error(object, QStringLiteral("Print"), QStringLiteral("%1: %2; written to %3 instead").arg(title, outcome.problem, outcome.destination));
+    m_log.Ok(object, QStringLiteral("Print"), QStringLiteral("%1 printed to %2").arg(title, outcome.destination));
 }
 
 QString CartWorld::CurrentUserID() const

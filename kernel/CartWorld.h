@@ -22,8 +22,8 @@ class CartWorld : public QObject, public std::enable_shared_from_this<CartWorld>
 {
     Q_OBJECT
 public:
-    CartWorld(std::shared_ptr<Database> db, std::shared_ptr<ConfigStore> shared, const StationFolder& station,
-              std::shared_ptr<iUsers> users, KernelLog log);
+    CartWorld(std::shared_ptr<Database> db, std::shared_ptr<ConfigStore> shared, std::shared_ptr<ConfigStore> stationStore,
+              const StationFolder& station, std::shared_ptr<iUsers> users, KernelLog log);
     ~CartWorld() override;
 
     CartStore& Store() { return m_store; }
@@ -32,8 +32,12 @@ public:
     const KernelLog& Log() const { return m_log; }
     // Where relative sound file names point, ending in '/'.
     QString SoundFolder() const;
-    // Where printed reports are written: <station>/reports/.
+    // Where reports are written as PDF files: <station>/reports/.
     QString ReportsFolder() const;
+    // Prints a report on the printer the station's setting "Printer" names, or as a PDF in the
+    // reports folder, and logs where it went (and, as an ERROR, a printer that failed).
+    // Throws KernelError when the report could not be made at all.
+    void PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines) const;
     // The logged-in user's ID; empty when nobody is logged in.
     QString CurrentUserID() const;
 
@@ -76,6 +80,7 @@ private:
 
     std::shared_ptr<Database> m_db;
     std::shared_ptr<ConfigStore> m_shared;
+    std::shared_ptr<ConfigStore> m_stationStore;
     StationFolder m_station;
     std::shared_ptr<iUsers> m_users;
     KernelLog m_log;

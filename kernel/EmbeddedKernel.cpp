@@ -64,7 +64,7 @@ EmbeddedKernel::EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log
     m_users = std::make_shared<::Users>(databases.Users, m_translator, m_log);
     m_application = std::make_shared<::Application>(*m_db);
     m_files = std::make_shared<::Files>();
-    m_cartWorld = std::make_shared<CartWorld>(m_db, m_shared, m_station->Folder(), m_users, m_log);
+    m_cartWorld = std::make_shared<CartWorld>(m_db, m_shared, m_stationStore, m_station->Folder(), m_users, m_log);
     m_carts = std::make_shared<::Carts>(m_cartWorld);
     m_families = std::make_shared<::Families>(m_cartWorld);
     m_cartWorld->SetFamilies(m_families);

@@ -2,7 +2,6 @@
 #include "foundation/Strings.h"
 #include "kernel/Cart.h"
 #include "kernel/CartID.h"
-#include "kernel/CartReport.h"
 #include "kernel/CartWorld.h"
 #include "kernel/FamilySlots.h"
 #include "kernelapi/KernelError.h"
@@ -222,9 +221,7 @@ void Family::Clear()
 
 void Family::Print(bool header, bool contents)
 {
-    const QString path = CartReport::Write(m_world->ReportsFolder(), QStringLiteral("family-") + m_row.id,
-                                           QStringLiteral("Family ") + m_row.id, ReportLines(header, contents));
-    m_world->Log().Ok(Object, QStringLiteral("Print"), QStringLiteral("Family %1 printed to %2").arg(m_row.id, path));
+    m_world->PrintReport(Object, QStringLiteral("family-") + m_row.id, QStringLiteral("Family ") + m_row.id, ReportLines(header, contents));
 }
 
 QStringList Family::ReportLines(bool header, bool contents) const

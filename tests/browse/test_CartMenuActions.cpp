@@ -112,6 +112,26 @@ TEST_F(CartMenuTest, ExportToTheSettingsFoldersAndAFolderThatIsMissing)
     EXPECT_TRUE(dialogs->boxes[0].text.contains(QStringLiteral("/missing")));
 }
 
+// Printing goes to PDF files in the station's reports folder when no printer is set; the
+// family lines are offered by the workstation's own "PrintingMenus".
+TEST_F(CartMenuTest, PrintingACartAndItsFamilyWritesReports)
+{
+    kernel->SetConfig(QStringLiteral("PrintingMenus"), QString());
+    ASSERT_TRUE(kernel->SetStationConfig(QStringLiteral("PrintingMenus"), QStringLiteral("On")));
+    Choose(QStringLiteral("NEW0001"), QStringLiteral("IFBrowserCart.Print"));
+    Choose(QStringLiteral("NEW0001"), QStringLiteral("CFamily.PrintHeader+Contents"));
+    ASSERT_EQ(dialogs->menus.size(), 2);
+    bool offered = false;
+    for (const auto& line : dialogs->menus[1])
+        offered = offered || line.text == QStringLiteral("Print family");
+    EXPECT_TRUE(offered);
+    const QStringList reports = QDir(station.Dir() + QStringLiteral("reports")).entryList({QStringLiteral("*.pdf")}, QDir::Files, QDir::Name);
+    ASSERT_EQ(reports.size(), 2);
+    EXPECT_TRUE(reports[0].startsWith(QStringLiteral("cart-NEW0001-")));
+    EXPECT_TRUE(reports[1].startsWith(QStringLiteral("family-NEW-")));
+    EXPECT_TRUE(dialogs->boxes.isEmpty());
+}
+
 TEST_F(CartMenuTest, RecalculationOfTheSelectedCartKeepsItsRow)
 {
     const qint32 before = kernel->Carts()->Cart(QStringLiteral("NEW0002"))->Time();

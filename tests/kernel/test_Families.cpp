@@ -168,14 +168,40 @@ TEST_F(FamiliesTest, AddAndRemoveFamilies)
     EXPECT_THROW(families->Remove(QStringLiteral("NEW")), KernelError);
 }
 
-TEST_F(FamiliesTest, PrintingAFamilyWritesAPdfReport)
+namespace {
+// The pages of a PDF written by the reports (each page object is written uncompressed).
+int PdfPages(const QString& path)
 {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? int(file.readAll().count("/Type /Page\n") + 0) : -1;
+}
+}
+
+TEST_F(FamiliesTest, PrintingAFamilyWritesAPdfReportWithPagesAsTheListNeeds)
+{
+    families->Item(QStringLiteral("MUS"))->Print(true, false);
+    for (int i = 0; i < 150; ++i)
+        ASSERT_TRUE(carts->CopyCart(QStringLiteral("MUS0001"), QStringLiteral("MUS%1").arg(1000 + i)));
     families->Item(QStringLiteral("MUS"))->Print(true, true);
     const QStringList reports = Reports();
-    ASSERT_EQ(reports.size(), 1);
+    ASSERT_EQ(reports.size(), 2);
     EXPECT_TRUE(QFileInfo(reports[0]).fileName().startsWith(QStringLiteral("family-MUS-")));
     EXPECT_EQ(Head(reports[0], 5), QByteArray("%PDF-"));
-    EXPECT_GT(QFileInfo(reports[0]).size(), 500);
+    EXPECT_EQ(PdfPages(reports[0]), 1);
+    EXPECT_GE(PdfPages(reports[1]), 3);
+    EXPECT_EQ(LogLinesWith(QStringLiteral("Family MUS printed to ") + reports[1]).size(), 1);
+}
+
+// A printer the print service does not know loses nothing: the report becomes a PDF and the
+// log says why.
+TEST_F(FamiliesTest, AnUnknownPrinterIsLoggedAndTheReportGoesToAPdf)
+{
+    ASSERT_TRUE(kernel->SetStationConfig(QStringLiteral("Printer"), QStringLiteral("No Such Printer")));
+    families->Item(QStringLiteral("MUS"))->Print(true, true);
+    ASSERT_EQ(Reports().size(), 1);
+    const QStringList errors = LogLinesWith(QStringLiteral("ERROR"));
+    ASSERT_EQ(errors.filter(QStringLiteral("'No Such Printer' is not known to the print service")).size(), 1);
+    EXPECT_TRUE(errors.filter(QStringLiteral("No Such Printer")).first().contains(Reports().first()));
 }
 
 // A full family of the benchmark station comes in whole and in order, read a page at a time as
