@@ -1,5 +1,6 @@
 // Printing a full family of 10,000 carts (its header and its list of carts) to a PDF in the
 // station's reports folder, beside the floor of reading the family's rows alone.
+#include "kernel/CartWorld.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernel/StationFolder.h"
 #include "kernelapi/iFamilies.h"
@@ -44,6 +45,7 @@ void FullFamilyPrintedToPdf(benchmark::State& state)
         family->Refresh();
         state.ResumeTiming();
         family->Print(true, true);
+        kernel->World()->Reports().WaitForDone();
     }
     state.counters["pages"] = PdfPages(NewestReport(reports));
     state.counters["read_rows_ms"] = readMs;

@@ -1,7 +1,6 @@
 #include "kernel/CartWorld.h"
 #include "kernel/Cart.h"
 #include "kernel/CartID.h"
-#include "kernel/CartReport.h"
 #include "kernel/ConfigStore.h"
 #include "kernel/Families.h"
 #include "kernel/Family.h"
@@ -28,13 +27,9 @@ QString CartWorld::ReportsFolder() const
     return m_station.Root() + QStringLiteral("reports/");
 }
 
-void CartWorld::PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines) const
+void CartWorld::PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines)
 {
-    const CartReport report(ReportsFolder(), m_stationStore->Value(QStringLiteral("Printer")).toString());
-    const CartReport::Outcome outcome = report.Print(stem, title, lines);
-    if (!outcome.problem.isEmpty())
-        m_log.Error(object, QStringLiteral("Print"), QStringLiteral("%1: %2; written to %3 instead").arg(title, outcome.problem, outcome.destination));
-    m_log.Ok(object, QStringLiteral("Print"), QStringLiteral("%1 printed to %2").arg(title, outcome.destination));
+    m_reports.Print(object, ReportsFolder(), m_stationStore->Value(QStringLiteral("Printer")).toString(), stem, title, lines);
 }
 
 QString CartWorld::CurrentUserID() const

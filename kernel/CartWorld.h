@@ -2,6 +2,7 @@
 #include "kernel/CartStore.h"
 #include "kernel/FamilyStore.h"
 #include "kernel/KernelLog.h"
+#include "kernel/ReportPrinter.h"
 #include "kernel/StationFolder.h"
 #include <QHash>
 #include <QObject>
@@ -34,10 +35,10 @@ public:
     QString SoundFolder() const;
     // Where reports are written as PDF files: <station>/reports/.
     QString ReportsFolder() const;
-    // Prints a report on the printer the station's setting "Printer" names, or as a PDF in the
-    // reports folder, and logs where it went (and, as an ERROR, a printer that failed).
-    // Throws KernelError when the report could not be made at all.
-    void PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines) const;
+    // Prints a report in the background on the printer the station's setting "Printer" names,
+    // or as a PDF in the reports folder; the log tells where it went or why it failed.
+    void PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines);
+    ReportPrinter& Reports() { return m_reports; }
     // The logged-in user's ID; empty when nobody is logged in.
     QString CurrentUserID() const;
 
@@ -89,4 +90,6 @@ private:
     std::weak_ptr<Families> m_families;
     QHash<QString, std::weak_ptr<Cart>> m_live;
     int m_pruneAt = 1024; // the size of m_live at which expired entries are dropped
+    // Last: made after the log it writes to, and gone (its reports finished) first.
+    ReportPrinter m_reports{m_log};
 };

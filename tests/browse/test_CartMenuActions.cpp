@@ -3,6 +3,7 @@
 #include "BrowseTest.h"
 #include "browse/BrowserRowModel.h"
 #include "browse/IFBrowserCart.h"
+#include "kernel/CartWorld.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iCarts.h"
 #include <QDir>
@@ -121,6 +122,7 @@ TEST_F(CartMenuTest, PrintingACartAndItsFamilyWritesReports)
     Choose(QStringLiteral("NEW0001"), QStringLiteral("IFBrowserCart.Print"));
     Choose(QStringLiteral("NEW0001"), QStringLiteral("CFamily.PrintHeader+Contents"));
     ASSERT_EQ(dialogs->menus.size(), 2);
+    kernel->World()->Reports().WaitForDone();
     bool offered = false;
     for (const auto& line : dialogs->menus[1])
         offered = offered || line.text == QStringLiteral("Print family");

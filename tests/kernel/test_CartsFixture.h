@@ -1,5 +1,6 @@
 #pragma once
 #include "KernelTest.h"
+#include "kernel/CartWorld.h"
 #include "kernelapi/KernelError.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iCarts.h"
@@ -34,9 +35,10 @@ protected:
         return Read(file, QStringLiteral("SELECT COUNT(*) FROM %1 WHERE ID = ?").arg(table), {id}).toInt() > 0;
     }
 
-    // The PDF reports written so far, newest last.
+    // The PDF reports written so far, newest last, once every report started is done.
     QStringList Reports() const
     {
+        kernel->World()->Reports().WaitForDone();
         const QDir folder(station.Dir() + QStringLiteral("reports"));
         QStringList paths;
         for (const QFileInfo& file : folder.entryInfoList({QStringLiteral("*.pdf")}, QDir::Files, QDir::Time | QDir::Reversed))

@@ -193,8 +193,8 @@ TEST_F(FamiliesTest, PrintingAFamilyWritesAPdfReportWithPagesAsTheListNeeds)
 }
 
 // A printer the print service does not know loses nothing: the report becomes a PDF and the
-// log says why.
-TEST_F(FamiliesTest, AnUnknownPrinterIsLoggedAndTheReportGoesToAPdf)
+// log says why. A reports folder that cannot be made is an ERROR line, and the kernel goes on.
+TEST_F(FamiliesTest, AReportThatCannotGoWhereAskedIsLogged)
 {
     ASSERT_TRUE(kernel->SetStationConfig(QStringLiteral("Printer"), QStringLiteral("No Such Printer")));
     families->Item(QStringLiteral("MUS"))->Print(true, true);
@@ -202,6 +202,13 @@ TEST_F(FamiliesTest, AnUnknownPrinterIsLoggedAndTheReportGoesToAPdf)
     const QStringList errors = LogLinesWith(QStringLiteral("ERROR"));
     ASSERT_EQ(errors.filter(QStringLiteral("'No Such Printer' is not known to the print service")).size(), 1);
     EXPECT_TRUE(errors.filter(QStringLiteral("No Such Printer")).first().contains(Reports().first()));
+
+    ASSERT_TRUE(QDir(station.Dir() + QStringLiteral("reports")).removeRecursively());
+    QFile blocker(station.Dir() + QStringLiteral("reports"));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    families->Item(QStringLiteral("MUS"))->Print(false, true);
+    EXPECT_TRUE(Reports().isEmpty());
+    EXPECT_EQ(LogLinesWith(QStringLiteral("Family MUS was not printed: The reports folder")).size(), 1);
 }
 
 // A full family of the benchmark station comes in whole and in order, read a page at a time as

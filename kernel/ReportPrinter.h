@@ -1,0 +1,42 @@
+#pragma once
+#include "kernel/KernelLog.h"
+#include <QObject>
+#include <QStringList>
+#include <QThreadPool>
+
+// Prints reports away from the UI thread, one after the other, so that a family of ten
+// thousand carts never freezes the screens: the lines are made by the caller, the pages are
+// painted and sent on a worker, and where each report went is logged on the UI thread when it
+// is done (as an ERROR when the printer failed and a PDF was written instead, or when nothing
+// could be written at all).
+class ReportPrinter : public QObject
+{
+    Q_OBJECT
+public:
+    explicit ReportPrinter(KernelLog log);
+    // Waits for the reports in hand; none is cut short.
+    ~ReportPrinter() override;
+
+    // Starts a report; printer is the print service's name of the station's printer, empty for
+    // a PDF in the folder.
+    void Print(const QString& object, const QString& folder, const QString& printer, const QString& stem,
+               const QString& title, const QStringList& lines);
+    // Waits until every report started has been made and logged.
+    void WaitForDone();
+
+Q_SIGNALS:
+    // A report was made: "printer NAME" or the PDF's path; empty when it failed.
+    void Printed(const QString& title, const QString& destination);
+
+private:
+    struct Done
+    {
+        QString destination;
+        QString problem;
+        QString failure;
+    };
+    void Finish(const QString& object, const QString& title, const Done& done);
+
+    KernelLog m_log;
+    QThreadPool m_worker;
+};
