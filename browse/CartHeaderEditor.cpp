@@ -47,6 +47,8 @@ CartHeaderEditor::CartHeaderEditor(QWidget* parent) : QFrame(parent), m_content(
                                  "QLabel#LblSelectedID { font-weight: bold; color: rgb(255, 190, 80); }"));
     BuildControls();
     hide();
+    if (parent)
+        parent->installEventFilter(this);
 }
 
 void CartHeaderEditor::BuildControls()
@@ -103,8 +105,9 @@ void CartHeaderEditor::Edit(const std::shared_ptr<iCart>& cart, int top, int lef
         TxtComment->setText(m_comment);
         TmrClose->stop();
         m_top = top;
-        setGeometry(left, top, width, 0);
-        m_content->setGeometry(0, 0, width, FullHeight);
+        m_rightMargin = parentWidget() ? parentWidget()->width() - left - width : 0;
+        move(left, top);
+        SetHeight(0);
         show();
         raise();
         // The focus moves first: a search box losing it gives the keys back.
@@ -143,7 +146,9 @@ void CartHeaderEditor::SetHeight(int height)
 {
     const QWidget* parent = parentWidget();
     const int bottom = parent ? parent->height() : m_top + height;
-    setGeometry(x(), std::max(0, std::min(m_top, bottom - height)), width(), height);
+    const int width = parent ? parent->width() - x() - m_rightMargin : this->width();
+    setGeometry(x(), std::max(0, std::min(m_top, bottom - height)), width, height);
+    m_content->setGeometry(0, 0, width, FullHeight);
 }
 
 void CartHeaderEditor::EditAccept()
@@ -196,6 +201,9 @@ void CartHeaderEditor::Close()
 
 bool CartHeaderEditor::eventFilter(QObject* watched, QEvent* event)
 {
+    // The panel follows its parent's size: its width, and staying inside.
+    if (event->type() == QEvent::Resize && watched == parentWidget() && isVisible())
+        SetHeight(height());
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape
         && (watched == TxtDescription || watched == TxtComment)) {
         EditCancel();

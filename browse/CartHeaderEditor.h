@@ -64,7 +64,8 @@ private:
     void BuildControls();
     bool Write();
     void Close();
-    // Sets the height, moving the panel up as far as needed to keep it inside the parent.
+    // Sets the height, moving the panel up as far as needed to keep it inside the parent, and
+    // the width that keeps its right margin.
     void SetHeight(int height);
 
     QWidget* m_content;
@@ -72,4 +73,6 @@ private:
     QString m_description;
     QString m_comment;
     int m_top = 0;
+    // The room between the panel's right edge and its parent's, kept when the parent resizes.
+    int m_rightMargin = 0;
 };

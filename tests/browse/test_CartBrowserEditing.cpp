@@ -136,17 +136,25 @@ TEST_F(CartBrowserEditingTest, TheEditorOpensBelowTheRowGrowingInStepsAndWantsTh
     EXPECT_EQ(browser->ListView1->focusPolicy(), Qt::NoFocus) << "the list left the tab order";
 }
 
-TEST_F(CartBrowserEditingTest, NearTheBottomTheEditorMovesUpToStayInside)
+TEST_F(CartBrowserEditingTest, NearTheBottomTheEditorMovesUpToStayInsideAndItFollowsTheBrowsersSize)
 {
     browser->resize(520, 170);
     browser->SetSelectedCartID(QStringLiteral("NEW0002"));
     browser->Edit();
+    EXPECT_EQ(Editor().width(), browser->ListView1->width());
     const int below = Editor().y();
     while (Editor().TmrOpen->isActive()) {
         Editor().TmrOpen_Timer();
         EXPECT_LE(Editor().geometry().bottom(), browser->height() - 1);
     }
     EXPECT_LT(Editor().y(), below);
+    EXPECT_EQ(Editor().height(), CartHeaderEditor::FullHeight);
+
+    const int narrow = Editor().width();
+    browser->resize(640, 150);
+    EXPECT_EQ(Editor().width(), narrow + 120);
+    EXPECT_EQ(Editor().geometry().right(), browser->ListView1->geometry().right());
+    EXPECT_LE(Editor().geometry().bottom(), browser->height() - 1);
     EXPECT_EQ(Editor().height(), CartHeaderEditor::FullHeight);
 }
 
