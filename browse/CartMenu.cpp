@@ -33,8 +33,8 @@ Line Confirmed(const QString& text, Line yes)
     return Sub(text, {Item(QStringLiteral("Are you sure?"), {}, false), Item(QStringLiteral("No"), CancelKey), std::move(yes)});
 }
 
-// One sub-menu per writable family with its free slots, and "Others", whose free-form dialog
-// is not offered here.
+// One sub-menu per writable family with its free slots, and "Others", whose "..." asks for the
+// destination with the cart ID dialog.
 Line Destinations(const QString& text, const QString& action, const Context& context)
 {
     std::vector<Line> families;
@@ -44,7 +44,7 @@ Line Destinations(const QString& text, const QString& action, const Context& con
             family.lines.push_back(Slot(destination.familyID + QStringLiteral("%1").arg(number, 4, 10, QLatin1Char('0')), number, CartOwner + action + destination.familyID));
         families.push_back(std::move(family));
     }
-    Line others = Sub(Others, {Item(QStringLiteral("..."), CartOwner + action + Others, false)});
+    Line others = Sub(Others, {Item(QStringLiteral("..."), CartOwner + action + Others)});
     others.data = 0;
     families.push_back(std::move(others));
     return Sub(text, std::move(families));
@@ -77,8 +77,8 @@ void AddCartBlock(QVector<Line>& lines, const Context& context)
 {
     const bool sound = context.type == CartType::Sound;
     if (context.type != CartType::Separator) {
-        // The inline editor and the sound editor are not offered yet.
-        std::vector<Line> edit{Item(QStringLiteral("Edit header"), CartOwner + QStringLiteral("EditCartHeader"), false)};
+        // The sound editor is not offered yet.
+        std::vector<Line> edit{Item(QStringLiteral("Edit header"), CartOwner + QStringLiteral("EditCartHeader"))};
         if (sound)
             edit.push_back(Item(QStringLiteral("Edit sound"), CartOwner + QStringLiteral("EditCartSound"), false));
         lines << Sub(QStringLiteral("Edit"), std::move(edit)) << Destinations(QStringLiteral("Duplicate to"), DuplicateTo, context);
@@ -102,12 +102,13 @@ void AddFamilyBlock(QVector<Line>& lines, const Context& context)
     for (int number : context.spacerSlots)
         spacer.lines.push_back(Slot(context.familyID + QLatin1Char(' ') + QString::number(number), number, FamilyOwner + QStringLiteral("InsertSpacer")));
     lines << Heading(QStringLiteral("Family")) << spacer;
-    // Fast deletion and the family's recalculation are not offered yet.
+    // The family's recalculation is not offered yet. Forbid is there only to end a fast
+    // deletion that runs.
     if (context.mode == 1) {
         const QString allow = context.fastDeletion ? Tr(QStringLiteral("Allow for 5 min more, currently set at ")) + context.fastDeletionDeadline.toString(QStringLiteral("HH:mm:ss"))
                                                    : Tr(QStringLiteral("Allow for 5 min"));
-        lines << Sub(QStringLiteral("Fast deletion"), {Line{allow, FamilyOwner + QStringLiteral("AllowFastDeletion"), {}, false},
-                                                       Item(QStringLiteral("Forbid"), FamilyOwner + QStringLiteral("ForbidFastDeletion"), false)});
+        lines << Sub(QStringLiteral("Fast deletion"), {Line{allow, FamilyOwner + QStringLiteral("AllowFastDeletion"), {}, true},
+                                                       Item(QStringLiteral("Forbid"), FamilyOwner + QStringLiteral("ForbidFastDeletion"), context.fastDeletion)});
     }
     lines << Recalculate(FamilyOwner, false);
     if (context.printingMenus)

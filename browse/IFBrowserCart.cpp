@@ -21,6 +21,8 @@
 namespace {
 const QColor ListWhite(255, 255, 255);
 const QColor ListGray(128, 128, 128);
+// The list while Delete removes carts with no question.
+const QColor FastDeletionRed(255, 128, 128);
 
 // A key that names a cart: three letters and four digits.
 bool IsCartKey(const QString& key)
@@ -51,6 +53,8 @@ IFBrowserCart::IFBrowserCart(QWidget* parent)
     Guarded(Object, QStringLiteral("UserControl_Initialize"), [this](Step& step) {
         step(QStringLiteral("Translate the control"));
         BuildControls();
+        BuildEditor();
+        BuildFastDeletion();
         SetupDragDrop();
         step(QStringLiteral("Init the running mode"));
         ListClear();
@@ -138,7 +142,10 @@ void IFBrowserCart::SetListColor(const QColor& color)
 
 void IFBrowserCart::RestoreListColor()
 {
-    SetListColor(m_grayed ? ListGray : ListWhite);
+    if (m_fastDeletion)
+        SetListColor(FastDeletionRed);
+    else
+        SetListColor(m_grayed ? ListGray : ListWhite);
 }
 
 // Rows and selection

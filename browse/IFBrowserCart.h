@@ -1,14 +1,17 @@
 #pragma once
 #include "browse/BrowserView.h"
 #include "browse/SignalArrows.h"
+#include <QDateTime>
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
 
 class BrowserRowModel;
 class BrowserView;
+class CartHeaderEditor;
 class CComponent;
 class QLabel;
 class QLineEdit;
@@ -107,6 +110,21 @@ public:
     void TmrArrow_Timer();
     void TmrSignalArrows_Timer();
 
+    // The inline editor of the selected cart's description and comment.
+    void Edit();
+    // Fast deletion, in family mode: for five minutes Delete removes the selected cart with no
+    // question, and the list turns red meanwhile.
+    using Clock = std::function<QDateTime()>;
+    static constexpr int FastDeletionSeconds = 5 * 60;
+    bool FastDeletion() const { return m_fastDeletion; }
+    QDateTime FastDeletionDeadline() const { return m_fastDeletionDeadline; }
+    // Starts it, or moves its deadline to five minutes from now when it runs.
+    void StartFastDeletion();
+    void StopFastDeletion();
+    void TmrAllowFastDeletion_Timer();
+    // The clock of the deadline, the machine's unless a test sets another.
+    void SetClock(Clock clock) { m_clock = std::move(clock); }
+
     std::shared_ptr<iFamily> Family() const { return m_family; }
     std::shared_ptr<iMacro> Macro() const { return m_macro; }
     std::shared_ptr<CComponent> Component() const { return m_component; }
@@ -129,6 +147,8 @@ public:
     QWidget* ElaDiscControls;
     QTimer* TmrArrow;
     QTimer* TmrSignalArrows;
+    CartHeaderEditor* Editor;
+    QTimer* TmrAllowFastDeletion;
 
 Q_SIGNALS:
     void SelectedChanged(bool selected);
@@ -168,7 +188,7 @@ private:
     int TopRow() const;
     void PerformSelection();
     void SetListColor(const QColor& color);
-    // White, or gray when Grayed.
+    // Red while fast deletion is on, else white, or gray when Grayed.
     void RestoreListColor();
     void SetQty();
     void RefreshTimings();
@@ -193,6 +213,9 @@ private:
     // IFBrowserCartMenu.cpp: the popup menu's context and its actions.
     std::shared_ptr<iFamily> MenuFamily(const std::shared_ptr<iCart>& cart) const;
     void MoveOrCopy(const QString& familyID, int number, bool copy);
+    // Where a move or duplicate goes: the family's slot, or for "Others" the ID the user gives
+    // in the cart ID dialog (nothing when cancelled).
+    std::optional<QString> MoveDestination(const QString& source, const QString& familyID, int number);
     void Export(int folder);
     void Recalculate(bool accurate);
     void DeleteCart(bool removeFile);
@@ -202,6 +225,16 @@ private:
     void PrintFamily(bool header, bool contents);
     // Refreshes the family of that ID when it exists.
     static void RefreshFamily(const QString& familyID);
+    // IFBrowserCartEditor.cpp: the inline editor's place and what it reports.
+    void BuildEditor();
+    void OnEditorKeys(bool wanted);
+    // Rewrites the texts of the rows of that cart.
+    void RefreshCartRows(const QString& cartID);
+    // IFBrowserCartFastDeletion.cpp
+    void BuildFastDeletion();
+    QDateTime Now() const;
+    // Deletes the selected cart, leaving its file, and selects the row now in its place.
+    void FastDelete();
     // IFBrowserCartInput.cpp: mouse and keys.
     QList<QObject*> DragReporters() const;
     void OnMouse(QMouseEvent* event, int notification);
@@ -231,4 +264,7 @@ private:
     std::shared_ptr<CComponent> m_component;
     std::shared_ptr<CComponent> m_hover;
     QList<QMetaObject::Connection> m_familyConnections;
+    bool m_fastDeletion = false;
+    QDateTime m_fastDeletionDeadline;
+    Clock m_clock;
 };

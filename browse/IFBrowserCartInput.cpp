@@ -87,7 +87,9 @@ bool IFBrowserCart::OnKey(int key)
     case Qt::Key_Delete:
         if (m_mode == MacroMode)
             DeleteSelectedItem();
-        return m_mode == MacroMode;
+        else if (m_mode == FamilyMode && m_fastDeletion)
+            FastDelete();
+        return m_mode == MacroMode || (m_mode == FamilyMode && m_fastDeletion);
     case Qt::Key_Insert:
         if (m_mode == MacroMode)
             InsertDummyItem();

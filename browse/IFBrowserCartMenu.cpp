@@ -1,4 +1,5 @@
 // The cart browser's popup menu: the context it is built from and the work of the chosen line.
+#include "browse/CartIDQuestion.h"
 #include "browse/CartMenu.h"
 #include "browse/IFBrowserCart.h"
 #include "foundation/ErrorGuard.h"
@@ -83,6 +84,8 @@ void IFBrowserCart::ShowMenu(const QPoint& globalPos)
             context.spacerSlots = family->FreeSlots(cart ? context.cartID : CartID(family->ID(), 0), 0);
         }
         context.destinations = Destinations(*kernel->Families());
+        context.fastDeletion = m_fastDeletion;
+        context.fastDeletionDeadline = m_fastDeletionDeadline;
         context.printingMenus = PrintingMenus(*kernel);
         chosen = Dialogs::PopupMenu(CartMenu::Lines(context), globalPos);
     });
@@ -110,6 +113,12 @@ void IFBrowserCart::Dispatch(const QString& key)
             PrintCart();
         else if (action.startsWith(CartMenu::FamilyOwner + QStringLiteral("Print")))
             PrintFamily(action.contains(QStringLiteral("Header")), action.contains(QStringLiteral("Contents")));
+        else if (action == CartMenu::CartOwner + QStringLiteral("EditCartHeader"))
+            Edit();
+        else if (action == CartMenu::FamilyOwner + QStringLiteral("AllowFastDeletion"))
+            StartFastDeletion();
+        else if (action == CartMenu::FamilyOwner + QStringLiteral("ForbidFastDeletion"))
+            StopFastDeletion();
     });
 }
 
@@ -127,18 +136,32 @@ void IFBrowserCart::MoveOrCopy(const QString& familyID, int number, bool copy)
     const QString source = SelectedCartID();
     if (source.isEmpty() || familyID.isEmpty())
         return;
-    const QString destination = CartID(familyID, number);
+    const std::optional<QString> destination = MoveDestination(source, familyID, number);
+    if (!destination)
+        return;
     std::shared_ptr<iCarts> carts = KernelCarts();
-    if (carts->Exists(destination)) {
-        Error(Tr(QStringLiteral("The place %1 has just been taken. Nothing was changed.")).arg(destination));
-        RefreshFamily(familyID);
+    // The first three characters, even of an answer that is no cart ID, which the kernel refuses.
+    const QString destinationFamily = destination->left(3);
+    if (carts->Exists(*destination)) {
+        Error(Tr(QStringLiteral("The place %1 has just been taken. Nothing was changed.")).arg(*destination));
+        RefreshFamily(destinationFamily);
         return;
     }
-    if (!(copy ? carts->CopyCart(source, destination) : carts->MoveCart(source, destination)))
+    if (!(copy ? carts->CopyCart(source, *destination) : carts->MoveCart(source, *destination)))
         Error();
     RefreshFamily(carts->FamilyIDOf(source));
-    if (familyID != carts->FamilyIDOf(source))
-        RefreshFamily(familyID);
+    if (destinationFamily != carts->FamilyIDOf(source))
+        RefreshFamily(destinationFamily);
+}
+
+std::optional<QString> IFBrowserCart::MoveDestination(const QString& source, const QString& familyID, int number)
+{
+    if (familyID != CartMenu::Others)
+        return CartID(familyID, number);
+    const std::optional<QString> answer = CartIDQuestion::Ask({CartIDQuestion::Kind::Open, 7, source, this});
+    if (!answer)
+        return std::nullopt;
+    return answer->trimmed().toUpper();
 }
 
 void IFBrowserCart::Export(int folder)

@@ -1,8 +1,9 @@
 // Pictures of the family and cart browsers on the demo station, written to build/screenshots
-// for a person to look at: the families beside a family's carts, a macro under edit, and a
-// large family while it loads.
+// for a person to look at: the families beside a family's carts, a macro under edit, the
+// inline editor open below a row, and a large family while it loads.
 #include "BrowseTest.h"
 #include "browse/BrowserRowModel.h"
+#include "browse/CartHeaderEditor.h"
 #include "browse/IFBrowserCart.h"
 #include "browse/IFBrowserFamily.h"
 #include "foundation/controls/UCProgressBar.h"
@@ -12,6 +13,7 @@
 #include "support/Photograph.h"
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QTimer>
 
 namespace {
@@ -73,6 +75,19 @@ TEST_F(BrowserPictures, MacroUnderEdit)
     carts->LoadMacroByName(QStringLiteral("MES0000"));
     QApplication::processEvents();
     EXPECT_TRUE(Photograph(&window, QStringLiteral("browser-macro")));
+}
+
+TEST_F(BrowserPictures, TheHeaderEditorOpenBelowARow)
+{
+    families->SetSelectedFamilyID(QStringLiteral("MUS"));
+    carts->SetSelectedCartID(QStringLiteral("MUS0002"));
+    carts->Edit();
+    while (carts->Editor->TmrOpen->isActive())
+        carts->Editor->TmrOpen_Timer();
+    carts->Editor->TxtComment->setText(QStringLiteral("Fade out at the end"));
+    QApplication::processEvents();
+    EXPECT_EQ(carts->Editor->height(), CartHeaderEditor::FullHeight);
+    EXPECT_TRUE(Photograph(&window, QStringLiteral("browser-header-editor")));
 }
 
 TEST_F(BrowserPictures, ALargeFamilyWhileItLoads)

@@ -45,6 +45,7 @@ TEST(CartMenuLines, ASoundCartInAFamily)
                                          "Empty sound NEW0003 ", "Print sound IFBrowserCart.Print", "-Family ", "Insert spacer at ",
                                          "Fast deletion ", "Recalculate ", "-Cancel ", "Cancel Cancel"}));
     EXPECT_EQ(Texts(Find(lines, "Edit").lines), QStringList({"Edit header IFBrowserCart.EditCartHeader", "Edit sound IFBrowserCart.EditCartSound"}));
+    EXPECT_TRUE(Find(lines, "Edit").lines[0].enabled) << "the inline editor";
     EXPECT_FALSE(Find(lines, "Edit").lines[1].enabled) << "no sound editor yet";
     EXPECT_EQ(Texts(Find(lines, "Export").lines), QStringList({"To the web IFBrowserCart.Export1", "For manual treatment IFBrowserCart.Export2"}));
     EXPECT_EQ(Texts(lines[5].lines), QStringList({"Not very accurate (Fast) IFBrowserCart.RecalculateFast", "Accurate (Slow) IFBrowserCart.RecalculateSlow"}));
@@ -67,6 +68,7 @@ TEST(CartMenuLines, TheDestinationsAreTheWritableFamiliesWithTheirFreeSlotsAndOt
         EXPECT_TRUE(families[1].lines.empty()) << "a full family has no slot lines";
         EXPECT_EQ(families[2].data.toInt(), 0);
         EXPECT_EQ(Texts(families[2].lines), QStringList({"... " + prefix + "Others"}));
+        EXPECT_TRUE(families[2].lines[0].enabled);
     }
     const auto spacer = Find(lines, "Insert spacer at").lines;
     EXPECT_EQ(Texts(spacer), QStringList({"NEW 2 CFamily.InsertSpacer#2", "NEW 4 CFamily.InsertSpacer#4"}));
@@ -102,14 +104,19 @@ TEST(CartMenuLines, WithoutASelectionOnlyTheFamilyBlockAndInAMacroNoFastDeletion
                                                                       "Header + List of carts CFamily.PrintHeader+Contents"}));
 }
 
-TEST(CartMenuLines, FastDeletionTellsItsDeadlineWhenOn)
+TEST(CartMenuLines, FastDeletionTellsItsDeadlineAndForbidsOnlyWhenOn)
 {
     CartMenu::Context context = Context(CartType::Sound);
-    EXPECT_EQ(Texts(Find(CartMenu::Lines(context), "Fast deletion").lines),
-              QStringList({"Allow for 5 min CFamily.AllowFastDeletion", "Forbid CFamily.ForbidFastDeletion"}));
+    const auto off = Find(CartMenu::Lines(context), "Fast deletion").lines;
+    EXPECT_EQ(Texts(off), QStringList({"Allow for 5 min CFamily.AllowFastDeletion", "Forbid CFamily.ForbidFastDeletion"}));
+    EXPECT_TRUE(off[0].enabled);
+    EXPECT_FALSE(off[1].enabled) << "nothing to forbid";
     context.fastDeletion = true;
     context.fastDeletionDeadline = QDateTime(QDate(2026, 3, 1), QTime(10, 5, 7));
-    EXPECT_EQ(Find(CartMenu::Lines(context), "Fast deletion").lines[0].text, "Allow for 5 min more, currently set at 10:05:07");
+    const auto on = Find(CartMenu::Lines(context), "Fast deletion").lines;
+    EXPECT_EQ(Texts(on), QStringList({"Allow for 5 min more, currently set at 10:05:07 CFamily.AllowFastDeletion", "Forbid CFamily.ForbidFastDeletion"}));
+    EXPECT_TRUE(on[0].enabled);
+    EXPECT_TRUE(on[1].enabled);
 }
 
 TEST(CartMenuChoice, KeysAreTakenApart)
