@@ -37,6 +37,8 @@ QToolButton* MacroButton(const QString& name, const QString& caption, const QStr
     button->setText(Tr(caption));
     button->setToolTip(Tr(tip));
     button->setFocusPolicy(Qt::NoFocus);
+    // The footer is narrow: a caption is never cut.
+    button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     return button;
 }
 
@@ -77,7 +79,8 @@ void IFBrowserCart::BuildMacroButtons(QHBoxLayout& buttons)
     QAction* saveAs = saveMenu->addAction(Tr(QStringLiteral("Save as...")));
     saveAs->setObjectName(QStringLiteral("ActSaveAs"));
     CmdSave->setMenu(saveMenu);
-    CmdRecalculate = MacroButton(QStringLiteral("CmdRecalculate"), QStringLiteral("Recalculate"),
+    // A turning arrow: the footer has no room for the word.
+    CmdRecalculate = MacroButton(QStringLiteral("CmdRecalculate"), QStringLiteral("\u21BB"),
                                  QStringLiteral("Recalculate the length of the macro"), ElaDiscControls);
     buttons.addWidget(CmdLoad);
     buttons.addWidget(CmdSave);
