@@ -13,6 +13,7 @@ class BrowserRowModel;
 class BrowserView;
 class CartHeaderEditor;
 class CComponent;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QMouseEvent;
@@ -21,6 +22,7 @@ class QTimer;
 class QToolButton;
 class UCProgressBar;
 class iCart;
+class iCartList;
 class iCarts;
 class iFamily;
 class iMacro;
@@ -83,6 +85,13 @@ public:
     void Eject();
     // A new empty macro under edit.
     void New();
+    // The macro buttons (IFBrowserCartMacroSave.cpp): a stored macro chosen with the cart ID
+    // dialog; the rows written to the macro under edit, under its own ID or under one chosen
+    // with the dialog; the macro's own cart recalculated and the rows' times refreshed.
+    void Load();
+    void Save();
+    void SaveAs();
+    void RecalculateMacro();
     void SendCart(const QString& cartID, bool atArrow, bool atSelection);
     void AppendByName(const QString& cartID, bool atArrow, bool atSelection);
     // Asks a running family fill to end at its next batch (the Stop button).
@@ -139,6 +148,9 @@ public:
     QToolButton* CmdSearch;
     QToolButton* CmdSelected;
     QToolButton* CmdNew;
+    QToolButton* CmdLoad;
+    QToolButton* CmdSave;
+    QToolButton* CmdRecalculate;
     QToolButton* CmdEject;
     BrowserView* ListView1;
     QWidget* PicLoading;
@@ -159,6 +171,8 @@ Q_SIGNALS:
     void OldStyleTryToDrag(const QString& cartID);
     void OldStyleTryToDragMany(const QStringList& cartIDs, const QString& cartID);
     void BeforeNew(bool* cancel);
+    void BeforeLoad(bool* cancel);
+    void AfterSave();
     void BeforeShowMacro(bool* cancel, std::shared_ptr<iMacro> macro);
     void IWantTheKeys(bool wanted);
 
@@ -208,6 +222,14 @@ private:
     void RestoreView(const ViewState& view);
     // IFBrowserCartMacro.cpp: the macro under edit, over MacroRows.
     bool MayAddGhost() const { return m_mode != FamilyMode; }
+    // IFBrowserCartMacroSave.cpp: the macro buttons and the save with its questions.
+    void BuildMacroButtons(QHBoxLayout& buttons);
+    std::shared_ptr<iCartList> CartsToSave() const;
+    void SaveMacro(const QString& cartID);
+    void ShowMacroTitle();
+    void RefreshMacroRows();
+    void Macro_RequestNameToSave(QString* name);
+    void Macro_RequestDescriptionToSave(QString* description);
     // IFBrowserCartArrows.cpp: the hover arrow, and the signal arrows over SignalArrows.
     void PushArrow(int row, const QString& icon);
     // IFBrowserCartMenu.cpp: the popup menu's context and its actions.
@@ -261,6 +283,7 @@ private:
     std::shared_ptr<iFamily> m_family;
     std::shared_ptr<iFamily> m_pendingFamily; // asked for while a fill ran
     std::shared_ptr<iMacro> m_macro;
+    bool m_saveCancelled = false; // a question of the running save was left empty
     std::shared_ptr<CComponent> m_component;
     std::shared_ptr<CComponent> m_hover;
     QList<QMetaObject::Connection> m_familyConnections;

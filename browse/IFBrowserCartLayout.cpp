@@ -92,6 +92,7 @@ void IFBrowserCart::BuildControls()
     macroButtons->setContentsMargins(0, 0, 0, 0);
     CmdNew = ToolButton(QStringLiteral("CmdNew"), QStringLiteral("New"), ElaDiscControls);
     macroButtons->addWidget(CmdNew);
+    BuildMacroButtons(*macroButtons);
     ElaDiscControls->hide();
     CmdEject = ToolButton(QStringLiteral("CmdEject"), QStringLiteral("Eject"), this);
     auto* totalCaption = Label(QStringLiteral("LblTotalCaption"), this);

@@ -1,4 +1,5 @@
-// The macro under edit in the cart browser: loading, a new macro, and its entries.
+// The macro under edit in the cart browser: loading, a new macro, and its entries; the macro
+// buttons and the save are in IFBrowserCartMacroSave.cpp.
 #include "browse/IFBrowserCart.h"
 #include "browse/BrowserRowModel.h"
 #include "browse/BrowserView.h"
@@ -41,8 +42,7 @@ void IFBrowserCart::LoadMacro(const std::shared_ptr<iMacro>& macro)
         }
         m_rows->Append(std::move(rows));
         ParseGhost(true, 0);
-        const std::shared_ptr<iCart> own = macro->Cart();
-        LblTitle->setText(own ? own->ID() + QStringLiteral(" - ") + own->Title() : QString());
+        ShowMacroTitle();
         SetQty();
         RefreshTimings();
         SetSelected(true);

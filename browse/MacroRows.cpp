@@ -14,6 +14,11 @@ int UsefulCount(const BrowserRowModel& rows)
     return int(std::count_if(rows.Rows().begin(), rows.Rows().end(), Useful));
 }
 
+bool NamesCart(const BrowserRow& row)
+{
+    return Useful(row) && row.key != CartRows::BlankKey && !row.key.endsWith(CartRows::AroundSeparatorKey);
+}
+
 int ParseGhost(BrowserRowModel& rows, bool addGhost)
 {
     const int count = rows.Count();

@@ -14,6 +14,9 @@ namespace MacroRows {
 // A row that is an entry of the macro: it has a key and is no ghost.
 bool Useful(const BrowserRow& row);
 int UsefulCount(const BrowserRowModel& rows);
+// A row that names a cart of the macro (a missing one too): what a save writes. Blank entries,
+// the ghost and the rows around a separator name none.
+bool NamesCart(const BrowserRow& row);
 // Earlier ghosts become blanks again, the blank rows at the end ghosts, and a ghost is added
 // when the list does not end in one. Gives the first ghost's row, -1 without one.
 int ParseGhost(BrowserRowModel& rows, bool addGhost);

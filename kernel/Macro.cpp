@@ -31,9 +31,15 @@ std::shared_ptr<iMacroItem> Macro::Item(int index) const
     return m_items[size_t(index - 1)];
 }
 
+// An entry named by a cart ID holds the catalogue's cart of that ID, as the entries of a loaded
+// macro do: a client that names its entries with bare new carts still reads their types,
+// titles and lengths from the macro, and the saved length counts them.
 void Macro::Add(const std::shared_ptr<iCart>& cart, const std::shared_ptr<iObjectWithProperties>& properties)
 {
-    m_items.push_back(std::make_shared<MacroItem>(cart, PropertyBag::CopyOf(properties)));
+    std::shared_ptr<iCart> entry = cart;
+    if (cart && CartID::IsValid(cart->ID()))
+        entry = m_world->LiveCart(CartID::Normalized(cart->ID()));
+    m_items.push_back(std::make_shared<MacroItem>(entry, PropertyBag::CopyOf(properties)));
 }
 
 void Macro::LoadByID(const QString& cartID)

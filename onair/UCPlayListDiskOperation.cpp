@@ -1,8 +1,8 @@
 #include "onair/UCPlayListDiskOperation.h"
+#include "browse/MacroDescription.h"
 #include "editing/KorvaneCommonDialog.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Tr.h"
-#include "foundation/ui/Dialogs.h"
 #include "foundation/ui/SilenceDescendants.h"
 #include "kernelapi/iPlayList.h"
 #include "onair/PlayListButtonPictures.h"
@@ -144,17 +144,6 @@ void UCPlayListDiskOperation::iPlayList_RequestDescriptionToSave(QString* descri
             *description = m_dialogDescription;
             return;
         }
-        const std::optional<QString> typed = Dialogs::InputBox(
-            Tr(QStringLiteral("The Macro you are going to save has no description. Please, insert a description for this Macro.")),
-            Tr(QStringLiteral("Macro Description")), NextDescription());
-        *description = typed ? typed->trimmed() : QString();
+        *description = MacroDescription::Ask();
     });
-}
-
-// "New Macro 1", "New Macro 2"... for the whole program, back to 1 above a million.
-QString UCPlayListDiskOperation::NextDescription()
-{
-    static int number = 0;
-    number = number >= 1000000 ? 1 : number + 1;
-    return Tr(QStringLiteral("New Macro")) + QLatin1Char(' ') + QString::number(number);
 }

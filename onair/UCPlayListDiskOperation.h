@@ -47,7 +47,6 @@ protected:
 private:
     QToolButton* MakeButton(const QString& name, const QString& glyph, const QString& tip);
     void GrabEnabled();
-    static QString NextDescription();
 
     QToolButton* CmdRefresh;
     QToolButton* CmdReload;

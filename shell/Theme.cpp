@@ -23,6 +23,8 @@ QPushButton:hover, QToolButton:hover { border-color: rgb(255, 170, 40); }
 QPushButton:pressed, QToolButton:pressed { background: rgb(255, 170, 40); color: rgb(20, 20, 20); }
 QPushButton:disabled, QToolButton:disabled { background: rgb(36, 40, 48); color: rgb(90, 98, 112); border-color: rgb(30, 34, 40); }
 QToolButton { padding: 4px; font-size: 9pt; }
+QToolButton[popupMode="1"] { padding-right: 16px; }
+QToolButton::menu-button { background: transparent; border: none; border-left: 1px solid rgb(20, 24, 30); width: 14px; }
 QPushButton[objectName^="CmdMenu"] { font-size: 11pt; padding: 2px; }
 QLineEdit { background: rgb(16, 19, 24); border: 1px solid rgb(70, 80, 98); border-radius: 4px; padding: 4px; color: rgb(255, 255, 255); }
 QLineEdit:focus { border-color: rgb(255, 170, 40); }

@@ -18,9 +18,11 @@ Dialogs::Answer ScriptedDialogs::MessageBox(const Dialogs::Box& box)
     return TakeOr(answers, Dialogs::DefaultAnswer(box.buttons));
 }
 
-std::optional<QString> ScriptedDialogs::InputBox(const QString& prompt, const QString&, const QString& defaultText)
+std::optional<QString> ScriptedDialogs::InputBox(const QString& prompt, const QString& title, const QString& defaultText)
 {
     prompts.push_back(prompt);
+    inputTitles.push_back(title);
+    inputDefaults.push_back(defaultText);
     return TakeOr(inputs, std::optional<QString>(defaultText));
 }
 

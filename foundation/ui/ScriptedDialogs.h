@@ -20,5 +20,7 @@ public:
 
     QVector<Dialogs::Box> boxes;
     QStringList prompts;
+    QStringList inputTitles;
+    QStringList inputDefaults;
     QVector<QVector<Dialogs::PopupLine>> menus;
 };

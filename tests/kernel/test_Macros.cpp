@@ -84,7 +84,11 @@ TEST_F(MacrosTest, SavingAsksForWhatIsMissingAndWritesCartAndStepsTogether)
     const auto cart = carts->Cart(QStringLiteral("MES0010"));
     EXPECT_EQ(cart->Type(), CartType::Macro);
     EXPECT_EQ(cart->Description(), QStringLiteral("My hour"));
-    EXPECT_EQ(cart->Time(), carts->Cart(QStringLiteral("JIN0001"))->Time());
+    // A bare cart that names an entry stands for the catalogue's cart of that ID.
+    EXPECT_EQ(macro->Item(3)->Cart(), carts->Cart(QStringLiteral("MUS0002")));
+    EXPECT_EQ(macro->Item(3)->Cart()->Type(), CartType::Sound);
+    EXPECT_GT(carts->Cart(QStringLiteral("MUS0002"))->Time(), 0);
+    EXPECT_EQ(cart->Time(), carts->Cart(QStringLiteral("JIN0001"))->Time() + carts->Cart(QStringLiteral("MUS0002"))->Time());
     EXPECT_EQ(families->Item(QStringLiteral("MES"))->Count(), 4);
 
     // Saved again with other steps and a new description: no question asked.
