@@ -21,6 +21,7 @@ class iCart;
 class iCarts;
 class iFamily;
 class iMacro;
+class iRecalculation;
 
 // The list of carts of one family or of one macro under edit: the main place carts are
 // picked from, searched and dragged. A family fills in batches of a hundred rows that yield
@@ -83,7 +84,8 @@ public:
     void SendCart(const QString& cartID, bool atArrow, bool atSelection);
     void AppendByName(const QString& cartID, bool atArrow, bool atSelection);
     // Asks a running family fill to end at its next batch (the Stop button).
-    void Stop() { m_stop = true; }
+    // Also ends a running recalculation at its next cart.
+    void Stop();
     bool Filling() const { return m_filling; }
 
     void ArrowPush(int row);
@@ -100,6 +102,10 @@ public:
     // The popup menu of a right release on the list, and the work of its chosen key.
     void ShowMenu(const QPoint& globalPos);
     void Dispatch(const QString& key);
+    // Recalculates the carts of the menu's family in the kernel's background, with the loading
+    // panel showing its progress and Stop; the rows refresh at the end.
+    void PerformRecalculationOnFamily(bool accurate);
+    bool Recalculating() const { return m_recalculation != nullptr; }
     // Receives a component dropped on the browser: a family loads, a cart is added to a macro.
     void Component_DragDrop(const std::shared_ptr<CComponent>& source);
 
@@ -198,6 +204,10 @@ private:
     void DeleteCart(bool removeFile);
     void EmptyCart();
     void InsertSpacer(int number);
+    // IFBrowserCartRecalculation.cpp: the family's recalculation on the loading panel.
+    void Recalculation_Progress(const QString& cartID);
+    void Recalculation_Finished(int failed);
+    void ShowLoadingCaption(const QString& text);
     // Refreshes the family of that ID when it exists.
     static void RefreshFamily(const QString& familyID);
     // IFBrowserCartInput.cpp: mouse and keys.
@@ -229,4 +239,5 @@ private:
     std::shared_ptr<CComponent> m_component;
     std::shared_ptr<CComponent> m_hover;
     QList<QMetaObject::Connection> m_familyConnections;
+    std::shared_ptr<iRecalculation> m_recalculation;
 };
