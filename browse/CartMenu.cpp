@@ -110,7 +110,7 @@ void AddFamilyBlock(QVector<Line>& lines, const Context& context)
         lines << Sub(QStringLiteral("Fast deletion"), {Line{allow, FamilyOwner + QStringLiteral("AllowFastDeletion"), {}, true},
                                                        Item(QStringLiteral("Forbid"), FamilyOwner + QStringLiteral("ForbidFastDeletion"), context.fastDeletion)});
     }
-    lines << Recalculate(FamilyOwner, false);
+    lines << Recalculate(FamilyOwner, !context.familyID.isEmpty());
     if (context.printingMenus)
         lines << Sub(QStringLiteral("Print family"), {Item(QStringLiteral("Header"), FamilyOwner + QStringLiteral("PrintHeader")),
                                                       Item(QStringLiteral("List of carts"), FamilyOwner + QStringLiteral("PrintContents")),

@@ -26,6 +26,7 @@ class iCartList;
 class iCarts;
 class iFamily;
 class iMacro;
+class iRecalculation;
 
 // The list of carts of one family or of one macro under edit: the main place carts are
 // picked from, searched and dragged. A family fills in batches of a hundred rows that yield
@@ -95,7 +96,8 @@ public:
     void SendCart(const QString& cartID, bool atArrow, bool atSelection);
     void AppendByName(const QString& cartID, bool atArrow, bool atSelection);
     // Asks a running family fill to end at its next batch (the Stop button).
-    void Stop() { m_stop = true; }
+    // Also ends a running recalculation at its next cart.
+    void Stop();
     bool Filling() const { return m_filling; }
 
     void ArrowPush(int row);
@@ -112,6 +114,10 @@ public:
     // The popup menu of a right release on the list, and the work of its chosen key.
     void ShowMenu(const QPoint& globalPos);
     void Dispatch(const QString& key);
+    // Recalculates the carts of the menu's family in the kernel's background, with the loading
+    // panel showing its progress and Stop; the rows refresh at the end.
+    void PerformRecalculationOnFamily(bool accurate);
+    bool Recalculating() const { return m_recalculation != nullptr; }
     // Receives a component dropped on the browser: a family loads, a cart is added to a macro.
     void Component_DragDrop(const std::shared_ptr<CComponent>& source);
 
@@ -245,6 +251,10 @@ private:
     void InsertSpacer(int number);
     void PrintCart();
     void PrintFamily(bool header, bool contents);
+    // IFBrowserCartRecalculation.cpp: the family's recalculation on the loading panel.
+    void Recalculation_Progress(const QString& cartID);
+    void Recalculation_Finished(int failed);
+    void ShowLoadingCaption(const QString& text);
     // Refreshes the family of that ID when it exists.
     static void RefreshFamily(const QString& familyID);
     // IFBrowserCartEditor.cpp: the inline editor's place and what it reports.
@@ -290,4 +300,5 @@ private:
     bool m_fastDeletion = false;
     QDateTime m_fastDeletionDeadline;
     Clock m_clock;
+    std::shared_ptr<iRecalculation> m_recalculation;
 };

@@ -103,6 +103,8 @@ void IFBrowserCart::Dispatch(const QString& key)
             Export(action.right(1).toInt());
         else if (action == CartMenu::CartOwner + QStringLiteral("RecalculateFast") || action == CartMenu::CartOwner + QStringLiteral("RecalculateSlow"))
             Recalculate(action.endsWith(QStringLiteral("Slow")));
+        else if (action == CartMenu::FamilyOwner + QStringLiteral("RecalculateFast") || action == CartMenu::FamilyOwner + QStringLiteral("RecalculateSlow"))
+            PerformRecalculationOnFamily(action.endsWith(QStringLiteral("Slow")));
         else if (action == CartMenu::CartOwner + QStringLiteral("Empty"))
             EmptyCart();
         else if (action == CartMenu::FamilyOwner + QStringLiteral("DeleteCartLeaveFile") || action == CartMenu::FamilyOwner + QStringLiteral("DeleteCartDeleteFile"))

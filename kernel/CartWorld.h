@@ -62,6 +62,11 @@ public:
     // A cart was written: other live objects of the ID read it again, and its family hears of
     // it: as new contents when the cart was inserted, as changed properties otherwise.
     void Written(const QString& id, bool inserted, const Cart* writer);
+    // A cart was rewritten by a batch that tells its family once at the end: other live
+    // objects of the ID read it again.
+    void RewrittenInBatch(const QString& id) { ReloadOthers(id, nullptr); }
+    // A batch rewrote carts of a family: holders read the family again.
+    void FamilyRewritten(const QString& familyID) { Q_EMIT ContentsChanged(familyID); }
     // A cart was deleted.
     void Deleted(const QString& id);
     // A cart was renumbered.

@@ -3,6 +3,7 @@
 #include "kernel/Cart.h"
 #include "kernel/CartID.h"
 #include "kernel/CartWorld.h"
+#include "kernel/FamilyRecalculation.h"
 #include "kernel/FamilySlots.h"
 #include "kernelapi/KernelError.h"
 #include <algorithm>
@@ -212,6 +213,11 @@ void Family::CartChanged(const QString& cartID)
             Forget();
     }
     Q_EMIT SlightlyChangedContents();
+}
+
+std::shared_ptr<iRecalculation> Family::Recalculate(bool accurate)
+{
+    return FamilyRecalculation::Create(m_world, m_row.id, accurate);
 }
 
 void Family::Clear()

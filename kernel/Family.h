@@ -38,6 +38,7 @@ public:
     bool MayWrite(const QString& userID) const override;
     int Count() const override;
     std::shared_ptr<iCart> Item(int index) const override;
+    std::shared_ptr<iRecalculation> Recalculate(bool accurate) override;
 
     const FamilyStore::Row& Row() const { return m_row; }
     void SetRow(const FamilyStore::Row& row) { m_row = row; }

@@ -138,9 +138,14 @@ qint32 Sound::Recalculate(bool accurate)
     if (!file)
         throw KernelError(QStringLiteral("The sound of %1 has no file to measure").arg(m_id));
     const qint32 length = file->Recalculate(accurate);
-    FitMarks(length);
-    Save();
+    TakeLength(length);
     return length;
+}
+
+void Sound::TakeLength(qint32 lengthMs)
+{
+    FitMarks(lengthMs);
+    Save();
 }
 
 void Sound::FitMarks(qint32 lengthMs)

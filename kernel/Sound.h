@@ -51,6 +51,9 @@ public:
     // the row is saved. Returns the length in ms. Throws KernelError when the file cannot be
     // read.
     qint32 Recalculate(bool accurate);
+    // Takes a length measured elsewhere: the marks are fitted to it as by Recalculate and the
+    // row is saved.
+    void TakeLength(qint32 lengthMs);
 
     // Removes the Sound row and the backup of the marks; with deleteFile also the audio file
     // and its energy file. The object is then an empty sound again.

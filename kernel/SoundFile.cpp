@@ -36,13 +36,19 @@ iSoundFile::EnergyFile SoundFile::GetEnergyFile() const
 qint32 SoundFile::Recalculate(bool accurate)
 {
     m_length.reset();
-    if (accurate || !EnergyFileIsCurrent())
-        m_length = ::EnergyFile::WriteFor(m_path).LengthMs();
-    return Length();
+    m_length = Measure(m_path, accurate);
+    return *m_length;
 }
 
-bool SoundFile::EnergyFileIsCurrent() const
+qint32 SoundFile::Measure(const QString& path, bool accurate)
 {
-    const QFileInfo energy(::EnergyFile::PathFor(m_path));
-    return energy.isFile() && energy.lastModified() >= QFileInfo(m_path).lastModified();
+    if (accurate || !EnergyFileIsCurrent(path))
+        return ::EnergyFile::WriteFor(path).LengthMs();
+    return AudioFileInfo::Header(AudioFile::Open(path)).LengthMs();
+}
+
+bool SoundFile::EnergyFileIsCurrent(const QString& path)
+{
+    const QFileInfo energy(::EnergyFile::PathFor(path));
+    return energy.isFile() && energy.lastModified() >= QFileInfo(path).lastModified();
 }

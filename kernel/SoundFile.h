@@ -24,9 +24,11 @@ public:
     // is missing or older than the audio, and without that the header's length is taken.
     // Returns the length in ms; throws KernelError when the file cannot be read or written.
     qint32 Recalculate(bool accurate);
+    // The same for any audio file, without an object: safe on any thread.
+    static qint32 Measure(const QString& path, bool accurate);
 
 private:
-    bool EnergyFileIsCurrent() const;
+    static bool EnergyFileIsCurrent(const QString& path);
 
     QString m_path;
     mutable std::optional<qint32> m_length;

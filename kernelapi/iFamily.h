@@ -6,6 +6,7 @@
 
 class iCart;
 class iFamilySlots;
+class iRecalculation;
 
 // One family: the carts whose IDs start with its three letters, with the rights of users on
 // them. Walking it with Count and Item gives its carts in slot order. A failed call throws
@@ -44,6 +45,11 @@ public:
     virtual int Count() const = 0;
     // The cart at a place in slot order, 1 to Count; throws KernelError outside that range.
     virtual std::shared_ptr<iCart> Item(int index) const = 0;
+    // Measures every cart of the family again in the background (accurate decodes every
+    // sound file; otherwise only sounds whose energy file is missing or stale are decoded)
+    // and writes the lengths; macros last, from their steps. The family raises
+    // ChangedContents at the end.
+    virtual std::shared_ptr<iRecalculation> Recalculate(bool accurate) = 0;
 
 Q_SIGNALS:
     // Carts were added to or removed from the family: holders reload it.

@@ -3,10 +3,17 @@
 #include "BrowseTest.h"
 #include "browse/BrowserRowModel.h"
 #include "browse/IFBrowserCart.h"
+#include "foundation/db/Database.h"
 #include "kernel/CartWorld.h"
+#include "kernelapi/iFamilies.h"
+#include "kernelapi/iFamily.h"
+#include "kernelapi/iSound.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iCarts.h"
 #include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
 #include <QTest>
 #include <QTemporaryDir>
 
@@ -29,6 +36,11 @@ protected:
     }
     bool Exists(const QString& id) const { return kernel->Carts()->Exists(id); }
     bool Listed(const QString& id) const { return browser->Rows().Find(id) >= 0; }
+    QString LoadingCaption() const { return browser->PicLoading->findChild<QLabel*>(QStringLiteral("LblLoading"))->text(); }
+    bool RecalculationEnds() const
+    {
+        return QTest::qWaitFor([&] { return !browser->Recalculating(); }, 60000);
+    }
 
     std::unique_ptr<IFBrowserCart> browser;
 };
@@ -143,6 +155,39 @@ TEST_F(CartMenuTest, RecalculationOfTheSelectedCartKeepsItsRow)
     EXPECT_GT(kernel->Carts()->Cart(QStringLiteral("NEW0002"))->Time(), 0);
     EXPECT_NEAR(kernel->Carts()->Cart(QStringLiteral("NEW0002"))->Time(), before, 100);
     EXPECT_EQ(browser->SelectedCartID(), QStringLiteral("NEW0002"));
+}
+
+TEST_F(CartMenuTest, RecalculationOfTheFamilyRunsBehindTheProgressPanelAndTellsItsFailures)
+{
+    const QString lost = kernel->Carts()->Cart(QStringLiteral("NEW0002"))->Sound()->FileName();
+    ASSERT_TRUE(QFile::remove(lost));
+    Database::Open(station.DataDir() + QStringLiteral("Sound.MDB"))->Query(QStringLiteral("UPDATE Cart SET Time = 5 WHERE ID = 'NEW0001'"));
+    kernel->Families()->Item(QStringLiteral("NEW"))->Refresh();
+    ASSERT_EQ(browser->Rows().Row(browser->Rows().Find(QStringLiteral("NEW0001"))).ms, 5);
+
+    Choose(QStringLiteral("NEW0001"), QStringLiteral("CFamily.RecalculateSlow"));
+    EXPECT_TRUE(browser->Recalculating());
+    EXPECT_FALSE(browser->PicLoading->isHidden());
+    EXPECT_TRUE(LoadingCaption().startsWith(QStringLiteral("Recalculant")));
+    ASSERT_TRUE(RecalculationEnds());
+
+    EXPECT_TRUE(browser->PicLoading->isHidden());
+    EXPECT_EQ(LoadingCaption(), QStringLiteral("Loading"));
+    EXPECT_GT(browser->Rows().Row(browser->Rows().Find(QStringLiteral("NEW0001"))).ms, 5) << "the rows are read again";
+    EXPECT_EQ(browser->SelectedCartID(), QStringLiteral("NEW0001"));
+    ASSERT_EQ(dialogs->boxes.size(), 1) << "one box for all the failures";
+    EXPECT_TRUE(dialogs->boxes[0].text.startsWith(QStringLiteral("1 carts")));
+}
+
+TEST_F(CartMenuTest, StopEndsTheFamilysRecalculationQuietly)
+{
+    Choose(QStringLiteral("NEW0001"), QStringLiteral("CFamily.RecalculateFast"));
+    ASSERT_TRUE(browser->Recalculating());
+    Choose(QStringLiteral("NEW0001"), QStringLiteral("CFamily.RecalculateSlow"));
+    browser->CmdStop->click();
+    ASSERT_TRUE(RecalculationEnds());
+    EXPECT_TRUE(browser->PicLoading->isHidden());
+    EXPECT_TRUE(dialogs->boxes.isEmpty());
 }
 
 TEST_F(CartMenuTest, ARightReleaseOnTheListShowsTheMenu)
