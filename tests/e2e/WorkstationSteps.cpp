@@ -65,12 +65,15 @@ void LogIn(const QString& name, const QString& password)
     QCoreApplication::processEvents();
 }
 
-FrmOnAir* OpenOnAir(TempStation& station)
+FrmOnAir* OpenOnAir(TempStation& station, ScriptedDialogs** dialogs)
 {
     WriteIni(QStringLiteral("Audio"), QStringLiteral("Clock"), QStringLiteral("virtual"), station.KernelIniFile());
     WriteIni(QStringLiteral("Audio"), QStringLiteral("ExpiringSeconds"), QStringLiteral("0"), station.KernelIniFile());
-    int ended = -1;
-    Start(ended);
+    // The process ender writes here after this returns, when the workstation ends.
+    static int ended = -1;
+    ScriptedDialogs* scripted = Start(ended);
+    if (dialogs)
+        *dialogs = scripted;
     LogIn(QStringLiteral("admin"), QStringLiteral("korvane"));
     Click(MenuButton(QStringLiteral("On air")));
     auto* onAir = qobject_cast<FrmOnAir*>(Form::Find(QStringLiteral("FrmOnAir")));

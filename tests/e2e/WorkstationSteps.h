@@ -20,8 +20,9 @@ void Click(QAbstractButton* button);
 // Logs in through the login screen by typing name and password.
 void LogIn(const QString& name, const QString& password);
 // Puts the station's audio on the Null device's virtual clock with no expiring warning, starts
-// the workstation, logs in as the demo's administrator and opens the on-air page.
-FrmOnAir* OpenOnAir(TempStation& station);
+// the workstation, logs in as the demo's administrator and opens the on-air page. The
+// scripted dialogs are handed back through dialogs when asked for.
+FrmOnAir* OpenOnAir(TempStation& station, ScriptedDialogs** dialogs = nullptr);
 // Clicks the family in the page's family browser and waits for its carts.
 void OpenFamily(FrmOnAir* onAir, const QString& familyID);
 // The text of today's log of the station.
