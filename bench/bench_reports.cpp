@@ -1,5 +1,5 @@
 // Printing a full family of 10,000 carts (its header and its list of carts) to a PDF in the
-// station's reports folder, beside the floor of reading the family's rows alone.
+// station's reports folder: the whole report, and the part of it spent on the UI thread.
 #include "kernel/CartWorld.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernel/StationFolder.h"
@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <benchmark/benchmark.h>
+#include <algorithm>
 
 namespace {
 const QString Family = QStringLiteral("BAA");
@@ -27,30 +28,52 @@ QString NewestReport(const QString& folder)
     return reports.isEmpty() ? QString() : reports.first().filePath();
 }
 
-void FullFamilyPrintedToPdf(benchmark::State& state)
+// Prints the family while the benchmark's clock runs and returns the time of the call itself,
+// which is what the UI thread spends (the lines are made there, the pages on a worker).
+double PrintOnce(iFamily& family, EmbeddedKernel& kernel)
+{
+    QElapsedTimer call;
+    call.start();
+    family.Print(true, true);
+    const double ms = call.nsecsElapsed() / 1e6;
+    kernel.World()->Reports().WaitForDone();
+    return ms;
+}
+
+// cold: the family's rows are read by the print itself; warm: they were read before, as when
+// the family is on screen in a cart browser.
+void FullFamilyPrintedToPdf(benchmark::State& state, bool warm)
 {
     const StationFolder station(BenchStation::Catalogue100k());
     const auto kernel = EmbeddedKernel::Open(station, nullptr);
     const std::shared_ptr<iFamily> family = kernel->Families()->Item(Family);
     const QString reports = station.Root() + QStringLiteral("reports/");
-    double readMs = 0;
+    double callMs = 0;
     for (auto _ : state) {
         state.PauseTiming();
         QDir(reports).removeRecursively();
-        QElapsedTimer read;
-        read.start();
         family->Refresh();
-        benchmark::DoNotOptimize(family->Count());
-        readMs = read.nsecsElapsed() / 1e6;
-        family->Refresh();
+        if (warm)
+            benchmark::DoNotOptimize(family->Slots());
         state.ResumeTiming();
-        family->Print(true, true);
-        kernel->World()->Reports().WaitForDone();
+        callMs = std::max(callMs, PrintOnce(*family, *kernel));
     }
     state.counters["pages"] = PdfPages(NewestReport(reports));
-    state.counters["read_rows_ms"] = readMs;
-    state.SetLabel("10,000 carts, header and list; no budget set, floor: reading the rows");
+    state.counters["ui_thread_ms"] = callMs;
+}
+
+void FullFamilyPrintedToPdfCold(benchmark::State& state)
+{
+    FullFamilyPrintedToPdf(state, false);
+    state.SetLabel("10,000 carts, rows read by the print; ui_thread_ms: no budget (a family load is under 300 ms)");
+}
+
+void FullFamilyPrintedToPdfFromTheBrowser(benchmark::State& state)
+{
+    FullFamilyPrintedToPdf(state, true);
+    state.SetLabel("10,000 carts on screen; ui_thread_ms: no stall over 16 ms");
 }
 }
 
-BENCHMARK(FullFamilyPrintedToPdf)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FullFamilyPrintedToPdfCold)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FullFamilyPrintedToPdfFromTheBrowser)->Unit(benchmark::kMillisecond)->Iterations(3);

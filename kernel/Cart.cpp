@@ -330,7 +330,7 @@ bool Cart::Export(const QString& directory, bool overwrite)
 
 void Cart::Print(bool header, bool contents)
 {
-    m_world->PrintReport(Object, QStringLiteral("cart-") + m_record.id, QStringLiteral("Cart ") + m_record.id, ReportLines(header, contents));
+    m_world->PrintReport(Object, QStringLiteral("cart-") + m_record.id, QStringLiteral("Cart ") + m_record.id, [lines = ReportLines(header, contents)] { return lines; });
 }
 
 QStringList Cart::ReportLines(bool header, bool contents) const

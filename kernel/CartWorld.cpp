@@ -27,9 +27,9 @@ QString CartWorld::ReportsFolder() const
     return m_station.Root() + QStringLiteral("reports/");
 }
 
-void CartWorld::PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines)
+void CartWorld::PrintReport(const QString& object, const QString& stem, const QString& title, ReportPrinter::Lines lines)
 {
-    m_reports.Print(object, ReportsFolder(), m_stationStore->Value(QStringLiteral("Printer")).toString(), stem, title, lines);
+    m_reports.Print(object, ReportsFolder(), m_stationStore->Value(QStringLiteral("Printer")).toString(), stem, title, std::move(lines));
 }
 
 QString CartWorld::CurrentUserID() const

@@ -37,7 +37,7 @@ public:
     QString ReportsFolder() const;
     // Prints a report in the background on the printer the station's setting "Printer" names,
     // or as a PDF in the reports folder; the log tells where it went or why it failed.
-    void PrintReport(const QString& object, const QString& stem, const QString& title, const QStringList& lines);
+    void PrintReport(const QString& object, const QString& stem, const QString& title, ReportPrinter::Lines lines);
     ReportPrinter& Reports() { return m_reports; }
     // The logged-in user's ID; empty when nobody is logged in.
     QString CurrentUserID() const;

@@ -225,26 +225,28 @@ void Family::Clear()
     Q_EMIT QueryClear();
 }
 
+// The header is made here; the list of carts, which may be long, is written out by the
+// printing thread from a copy of the rows.
 void Family::Print(bool header, bool contents)
 {
-    m_world->PrintReport(Object, QStringLiteral("family-") + m_row.id, QStringLiteral("Family ") + m_row.id, ReportLines(header, contents));
+    QStringList head = header ? HeaderLines() : QStringList();
+    std::vector<CartRecord> records = contents ? Records() : std::vector<CartRecord>();
+    m_world->PrintReport(Object, QStringLiteral("family-") + m_row.id, QStringLiteral("Family ") + m_row.id,
+                         [head = std::move(head), records = std::move(records)] {
+                             QStringList lines = head;
+                             lines.reserve(lines.size() + qsizetype(records.size()));
+                             for (const CartRecord& record : records)
+                                 lines << QStringLiteral("%1 %2 %3  %4").arg(record.id, Tag(record.type), MsToClock(record.time), record.description);
+                             return lines;
+                         });
 }
 
-QStringList Family::ReportLines(bool header, bool contents) const
+QStringList Family::HeaderLines() const
 {
-    QStringList lines;
-    if (header) {
-        qint64 total = 0;
-        for (const CartRecord& record : Records())
-            total += record.time;
-        lines << QStringLiteral("Description: ") + m_row.description << QStringLiteral("EveryBody (R): ") + YesNo(EveryBody())
-              << QStringLiteral("EveryBody (R/W): ") + YesNo(EveryBodyWrite())
-              << QStringLiteral("Carts: ") + QString::number(Records().size())
-              << QStringLiteral("Total time: ") + MsToClock(qint32(std::min<qint64>(total, INT32_MAX))) << QString();
-    }
-    if (contents) {
-        for (const CartRecord& record : Records())
-            lines << QStringLiteral("%1 %2 %3  %4").arg(record.id, Tag(record.type), MsToClock(record.time), record.description);
-    }
-    return lines;
+    qint64 total = 0;
+    for (const CartRecord& record : Records())
+        total += record.time;
+    return {QStringLiteral("Description: ") + m_row.description, QStringLiteral("EveryBody (R): ") + YesNo(EveryBody()),
+            QStringLiteral("EveryBody (R/W): ") + YesNo(EveryBodyWrite()), QStringLiteral("Carts: ") + QString::number(Records().size()),
+            QStringLiteral("Total time: ") + MsToClock(qint32(std::min<qint64>(total, INT32_MAX))), QString()};
 }

@@ -64,7 +64,8 @@ private:
     FamilyStore::Right RightOf(const QString& userID) const;
     QList<int> Nearest(int number, const QBitArray& occupied) const;
     QList<int> FreeFrom(int first, const QBitArray& occupied) const;
-    QStringList ReportLines(bool header, bool contents) const;
+    // The report's header: description, rights, number of carts and their total time.
+    QStringList HeaderLines() const;
 
     std::shared_ptr<CartWorld> m_world;
     FamilyStore::Row m_row;

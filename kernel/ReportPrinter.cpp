@@ -15,12 +15,12 @@ ReportPrinter::~ReportPrinter()
 }
 
 void ReportPrinter::Print(const QString& object, const QString& folder, const QString& printer, const QString& stem,
-                          const QString& title, const QStringList& lines)
+                          const QString& title, Lines lines)
 {
-    m_worker.start([this, object, folder, printer, stem, title, lines] {
+    m_worker.start([this, object, folder, printer, stem, title, lines = std::move(lines)] {
         Done done;
         try {
-            const CartReport::Outcome outcome = CartReport(folder, printer).Print(stem, title, lines);
+            const CartReport::Outcome outcome = CartReport(folder, printer).Print(stem, title, lines());
             done.destination = outcome.destination;
             done.problem = outcome.problem;
         } catch (const KernelError& e) {
