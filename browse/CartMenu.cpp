@@ -7,12 +7,14 @@ using Line = Dialogs::PopupLine;
 
 Line Item(const QString& text, const QString& key = {}, bool enabled = true)
 {
-    return {Tr(text), key, {}, enabled};
+    Line line = Line::Item(Tr(text), key);
+    line.enabled = enabled;
+    return line;
 }
 
 Line Heading(const QString& text)
 {
-    return {QStringLiteral("-") + Tr(text), {}, {}, true};
+    return Line::Item(QStringLiteral("-") + Tr(text));
 }
 
 Line Sub(const QString& text, std::vector<Line> lines, bool enabled = true)
@@ -24,7 +26,7 @@ Line Sub(const QString& text, std::vector<Line> lines, bool enabled = true)
 
 Line Slot(const QString& text, int number, const QString& key)
 {
-    return {text, key + QLatin1Char('#') + QString::number(number), number, true};
+    return Line::Item(text, key + QLatin1Char('#') + QString::number(number), number);
 }
 
 // "Are you sure?", "No", then the "Yes" line given.
@@ -39,7 +41,7 @@ Line Destinations(const QString& text, const QString& action, const Context& con
 {
     std::vector<Line> families;
     for (const Destination& destination : context.destinations) {
-        Line family{destination.familyID, {}, {}, true};
+        Line family = Line::Item(destination.familyID);
         for (int number : destination.freeSlots)
             family.lines.push_back(Slot(destination.familyID + QStringLiteral("%1").arg(number, 4, 10, QLatin1Char('0')), number, CartOwner + action + destination.familyID));
         families.push_back(std::move(family));
@@ -102,12 +104,11 @@ void AddFamilyBlock(QVector<Line>& lines, const Context& context)
     for (int number : context.spacerSlots)
         spacer.lines.push_back(Slot(context.familyID + QLatin1Char(' ') + QString::number(number), number, FamilyOwner + QStringLiteral("InsertSpacer")));
     lines << Heading(QStringLiteral("Family")) << spacer;
-    // The family's recalculation is not offered yet. Forbid is there only to end a fast
-    // deletion that runs.
+    // Forbid is there only to end a fast deletion that runs.
     if (context.mode == 1) {
         const QString allow = context.fastDeletion ? Tr(QStringLiteral("Allow for 5 min more, currently set at ")) + context.fastDeletionDeadline.toString(QStringLiteral("HH:mm:ss"))
                                                    : Tr(QStringLiteral("Allow for 5 min"));
-        lines << Sub(QStringLiteral("Fast deletion"), {Line{allow, FamilyOwner + QStringLiteral("AllowFastDeletion"), {}, true},
+        lines << Sub(QStringLiteral("Fast deletion"), {Line::Item(allow, FamilyOwner + QStringLiteral("AllowFastDeletion")),
                                                        Item(QStringLiteral("Forbid"), FamilyOwner + QStringLiteral("ForbidFastDeletion"), context.fastDeletion)});
     }
     lines << Recalculate(FamilyOwner, !context.familyID.isEmpty());

@@ -43,7 +43,9 @@ const QString KeyCancel = QStringLiteral("Cancel");
 Dialogs::PopupLine MenuLine(const QString& text, const QString& key = {}, bool enabled = true)
 {
     const bool heading = text.startsWith(u'-');
-    return {heading ? u'-' + Tr(text.mid(1)) : Tr(text), key, {}, enabled};
+    Dialogs::PopupLine line = Dialogs::PopupLine::Item(heading ? u'-' + Tr(text.mid(1)) : Tr(text), key);
+    line.enabled = enabled;
+    return line;
 }
 
 Dialogs::PopupLine SubMenu(const QString& text, std::vector<Dialogs::PopupLine> lines)

@@ -8,17 +8,17 @@ const QString Owner = QStringLiteral("MenuForm.");
 
 Dialogs::PopupLine Item(const char* text, const char* name)
 {
-    return {Tr(QString::fromLatin1(text)), Owner + QString::fromLatin1(name), {}, true};
+    return Dialogs::PopupLine::Item(Tr(QString::fromLatin1(text)), Owner + QString::fromLatin1(name));
 }
 
 Dialogs::PopupLine Heading(const char* text)
 {
-    return {QStringLiteral("-") + Tr(QString::fromLatin1(text)), {}, {}, true};
+    return Dialogs::PopupLine::Item(QStringLiteral("-") + Tr(QString::fromLatin1(text)));
 }
 
 Dialogs::PopupLine Separator()
 {
-    return {QStringLiteral("-"), {}, {}, true};
+    return Dialogs::PopupLine::Item(QStringLiteral("-"));
 }
 }
 

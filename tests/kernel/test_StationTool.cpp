@@ -107,8 +107,9 @@ TEST(StationTool, CreateMakesTheFilesFoldersAndDemoRows)
     for (int n = 1; n <= places && ini.HasSection(QStringLiteral("Menu_%1").arg(n)); ++n) {
         const QString section = QStringLiteral("Menu_%1").arg(n);
         actions << ini.Value(section, "Action");
-        if (actions.last() == QLatin1String("OpenForm"))
+        if (actions.last() == QLatin1String("OpenForm")) {
             EXPECT_TRUE(Registry::Has(ini.Value(section, "Form"))) << ini.Value(section, "Form").toStdString();
+        }
     }
     EXPECT_EQ(actions.size(), 7);
     EXPECT_TRUE(actions.contains("Logout") && actions.contains("Exit"));
