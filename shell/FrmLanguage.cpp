@@ -8,6 +8,7 @@
 #include "shell/InitForm.h"
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -55,8 +56,13 @@ FrmLanguage::FrmLanguage()
     CmdEditLanguages->setEnabled(false);
     Sortir = new QPushButton(QStringLiteral("Exit"), this);
     Sortir->setObjectName(QStringLiteral("Sortir"));
-    grid->addWidget(CmdEditLanguages, Languages + 2, 0, 1, 2, Qt::AlignLeft);
-    grid->addWidget(Sortir, Languages + 2, 2, Qt::AlignRight);
+    CmdEditLanguages->setMinimumWidth(180);
+    Sortir->setMinimumWidth(100);
+    auto* footer = new QHBoxLayout;
+    footer->addWidget(CmdEditLanguages);
+    footer->addStretch(1);
+    footer->addWidget(Sortir);
+    grid->addLayout(footer, Languages + 2, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     connect(Sortir, &QPushButton::clicked, this, &FrmLanguage::Sortir_Click);
     Timer1 = new QTimer(this);

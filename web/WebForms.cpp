@@ -1,6 +1,7 @@
 #include "web/WebForms.h"
 #include "web/FrmBrowser.h"
 #include <QByteArray>
+#include <QCoreApplication>
 #include <unistd.h>
 
 namespace Web {
@@ -11,6 +12,8 @@ void RegisterForms(const std::function<void(const QString&, Factory)>& registerF
 
 void PrepareProcess()
 {
+    // The page view draws through contexts shared with the rest of the program.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     if (geteuid() == 0 && qEnvironmentVariableIsEmpty("QTWEBENGINE_DISABLE_SANDBOX"))
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
 }

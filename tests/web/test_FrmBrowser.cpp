@@ -9,6 +9,7 @@
 #include "web/LocalAddress.h"
 #include "web/PortalPages.h"
 #include "web/WebForms.h"
+#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -19,11 +20,9 @@
 #include <gtest/gtest.h>
 
 namespace {
-// Before the application object: the page view must share its GL contexts, and as root it may
-// only start without Chromium's sandbox.
+// What the workstation's main does before its application object exists.
 const bool Prepared = [] {
     Web::PrepareProcess();
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     return true;
 }();
 
@@ -71,8 +70,7 @@ protected:
             text = result;
             done = true;
         });
-        QTest::qWaitFor([&] { return done; }, LoadTimeoutMs);
-        return text;
+        return QTest::qWaitFor([&] { return done; }, LoadTimeoutMs) ? text : QString();
     }
 
     static QUrlQuery Query(const QString& target) { return QUrlQuery(QUrl(target).query(QUrl::FullyDecoded)); }
@@ -167,4 +165,21 @@ TEST_F(BrowserScreen, ARefusedConnectionShowsAPlainMessageWithTheAddress)
     EXPECT_EQ(form->TxtURL->text(), refusing + QStringLiteral("/"));
     EXPECT_TRUE(portal.Targets().isEmpty());
     Photograph(form.get(), QStringLiteral("FrmBrowserUnreachable"));
+}
+
+TEST(WebForms, TheDemoMenuOpensTheRegisteredBrowserScreen)
+{
+    QStringList names;
+    Web::RegisterForms([&](const QString& name, const Web::Factory& factory) {
+        names << name;
+        std::unique_ptr<QWidget> form(factory(nullptr));
+        EXPECT_NE(qobject_cast<FrmBrowser*>(form.get()), nullptr);
+    });
+    EXPECT_EQ(names, QStringList{QStringLiteral("FrmBrowser")});
+    TempStation station;
+    const QString ini = [&] {
+        QFile file(station.IniFile());
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }();
+    EXPECT_TRUE(ini.contains(QStringLiteral("Form=FrmBrowser\nCaption=Browser\n")));
 }
