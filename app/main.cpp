@@ -6,11 +6,13 @@
 #include "shell/Registry.h"
 #include "shell/Theme.h"
 #include "shell/modMain.h"
+#include "web/WebForms.h"
 #include <QApplication>
 
 // The workstation reads no command line of its own: the station comes from KORVANE_STATION.
 int main(int argc, char* argv[])
 {
+    Web::PrepareProcess();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Korvane"));
     QApplication::setQuitOnLastWindowClosed(false);
@@ -21,6 +23,7 @@ int main(int argc, char* argv[])
     Browse::RegisterControls(Registry::Register);
     Editing::RegisterControls(Registry::Register);
     OnAir::RegisterControls(Registry::Register);
+    Web::RegisterForms(Registry::Register);
     if (!modMain::Main())
         return modMain::EndedWith() < 0 ? 1 : modMain::EndedWith();
     return QApplication::exec();

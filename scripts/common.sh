@@ -5,7 +5,7 @@
 # why each is there.
 KORVANE_PACKAGES=(
   cmake ninja-build g++ ccache pkg-config
-  qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev
+  qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev qt6-webengine-dev
   libsndfile1-dev portaudio19-dev libsoxr-dev libebur128-dev libtwolame-dev
   libcdio-dev libcdio-paranoia-dev jackd2 libjack-jackd2-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev

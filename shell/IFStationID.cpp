@@ -17,9 +17,12 @@ IFStationID::IFStationID(QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(10, 2, 10, 2);
     layout->addWidget(LblCaption);
-    Guarded(QStringLiteral("IFStationID"), QStringLiteral("UserControl_Initialize"), [this] {
-        LblCaption->setText(Tr(QStringLiteral("Station ID: ")) + Globals::Kernel()->StationID());
-    });
+    Guarded(QStringLiteral("IFStationID"), QStringLiteral("UserControl_Initialize"), [this] { TranslateMe(); });
+}
+
+void IFStationID::TranslateMe()
+{
+    LblCaption->setText(Tr(QStringLiteral("Station ID: ")) + Globals::Kernel()->StationID());
 }
 
 QString IFStationID::Caption() const

@@ -10,6 +10,8 @@ class IFStationID : public QFrame
 public:
     explicit IFStationID(QWidget* parent = nullptr);
     QString Caption() const;
+    // Writes the caption in the language in use.
+    void TranslateMe();
 
 private:
     QLabel* LblCaption;

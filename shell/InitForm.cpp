@@ -15,6 +15,7 @@
 #include "shell/Artwork.h"
 #include "shell/CInterface.h"
 #include "shell/IFMenu.h"
+#include "shell/IFStationID.h"
 #include "shell/IFUserInfo.h"
 #include "shell/Registry.h"
 #include "shell/modGlobals.h"
@@ -200,6 +201,17 @@ void InitForm::ShowApplication()
 QString InitForm::VersionText() const
 {
     return LblVersion->text();
+}
+
+void InitForm::TranslateAgain()
+{
+    Guarded(Object, QStringLiteral("TranslateAgain"), [this] {
+        TranslateWithKernel(this);
+        for (auto* station : findChildren<IFStationID*>())
+            station->TranslateMe();
+        for (auto* user : findChildren<IFUserInfo*>())
+            user->Refresh();
+    });
 }
 
 void InitForm::Form_Load()

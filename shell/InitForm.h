@@ -21,6 +21,8 @@ public:
     void TryAutomaticLogin();
     void RefreshInitForm();
     void HideForm();
+    // Writes the menu form's texts again in the language in use (after a change of language).
+    void TranslateAgain();
     // Opens a screen by its name, or tells the user it cannot be viewed.
     void MenuSelector_OpenForm(const QString& name);
     void QueryUnloadApplication();

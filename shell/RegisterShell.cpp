@@ -3,6 +3,7 @@
 #include "shell/ConfigForm.h"
 #include "shell/FrmChangePassword.h"
 #include "shell/FrmGeneric.h"
+#include "shell/FrmLanguage.h"
 #include "shell/FrmLevels.h"
 #include "shell/FrmModalDelay.h"
 #include "shell/IFFileSystemMonitor.h"
@@ -39,6 +40,7 @@ void RegisterShell()
     RegisterForm<FrmModalDelay>("FrmModalDelay");
     RegisterForm<FrmLevels>("FrmLevels");
     RegisterForm<FrmGeneric>("FrmGeneric");
+    RegisterForm<FrmLanguage>("FrmLanguage");
     RegisterControl<IFFileSystemMonitor>("IFFileSystemMonitor");
     DragControls::RegisterControls(Register, [] {
         CInterface* ui = modInterface::Interface();
