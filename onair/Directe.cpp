@@ -24,9 +24,9 @@ Directe::Directe()
     screen->addWidget(BuildHeader());
     auto* columns = new QHBoxLayout;
     columns->setSpacing(10);
-    columns->addWidget(BuildBrowsers(), 3);
-    columns->addWidget(BuildLists(), 3);
-    columns->addWidget(BuildDecks(), 5);
+    columns->addWidget(BuildBrowsers(), 4);
+    columns->addWidget(BuildLists(), 4);
+    columns->addWidget(BuildDecks(), 6);
     screen->addLayout(columns, 1);
     TmrLoader.setInterval(LoaderIntervalMs);
     TmrLoader.setSingleShot(true);

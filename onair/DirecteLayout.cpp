@@ -97,6 +97,8 @@ QWidget* Directe::BuildBrowsers()
     layout->addWidget(IFBrowserCart1, 5);
     layout->addWidget(IFDataViewer1, 2);
     layout->addWidget(m_kernelHolder, 0);
+    // The cart list keeps room for its ID, time and a readable description.
+    column->setMinimumWidth(320);
     return column;
 }
 
@@ -118,6 +120,8 @@ QWidget* Directe::BuildLists()
     ListTabs->addTab(IFFastCarts1, QStringLiteral("Pads"));
     ListTabs->addTab(IFPlayLists1, QStringLiteral("Playlists"));
     ListTabs->addTab(IFShortCuts1, QStringLiteral("Shortcuts"));
+    // The lists give way to the browsers on a narrow screen: their status lines elide first.
+    ListTabs->setMinimumWidth(480);
     return ListTabs;
 }
 

@@ -50,12 +50,17 @@ void MessagePop()
         ui->MessagePop();
 }
 
-std::shared_ptr<iChannels> KernelChannels()
+std::shared_ptr<CKernel> TheKernel()
 {
     const std::shared_ptr<CKernel> kernel = Globals::Kernel();
     if (!kernel)
         throw KernelError(QStringLiteral("There is no kernel"));
-    return kernel->Channels();
+    return kernel;
+}
+
+std::shared_ptr<iChannels> KernelChannels()
+{
+    return TheKernel()->Channels();
 }
 }
 
@@ -194,7 +199,7 @@ void Directe::InitCartRecorder()
 // The station's shortcut macro, when the configuration names one.
 void Directe::InitAccessosDirectes()
 {
-    const QString macro = Globals::Kernel()->Config(QStringLiteral("DirAccessID")).toString();
+    const QString macro = TheKernel()->Config(QStringLiteral("DirAccessID")).toString();
     if (!macro.isEmpty())
         IFShortCuts1->SetMacroName(macro);
 }

@@ -105,6 +105,7 @@ void FrmPautador::Form_Load()
         }
         NewMacro->SetSignalArrowsEnabled(false);
         NewMacro->SetAllowMultipleSelection(true);
+        UCChannelStreamSelector1->Init();
         ArrangePlayer();
     });
 }
