@@ -73,7 +73,6 @@ QWidget* Directe::BuildHeader()
     asxToolButton1 = MakeButton(QStringLiteral("asxToolButton1"), QStringLiteral("Menu"));
     PicExit = Named(new QLabel(header), QStringLiteral("PicExit"));
     CmdExit = MakeButton(QStringLiteral("CmdExit"), QStringLiteral("Exit"));
-    CmdExit->setContextMenuPolicy(Qt::CustomContextMenu);
     row->addWidget(StatusPannel);
     row->addWidget(PannelEstat, 1);
     for (QWidget* button : {static_cast<QWidget*>(CmdContinuity), static_cast<QWidget*>(CmdTest),

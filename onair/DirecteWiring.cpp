@@ -23,6 +23,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QToolButton>
 
 namespace {
@@ -46,8 +47,8 @@ void Directe::WireControls()
     connect(IFCartRecorder1, &IFCartRecorder::RequestBlankTape, this,
             [this](QString& familyID, QString&) { familyID = IFBrowserFamily1->SelectedFamilyID(); }, Qt::DirectConnection);
     connect(CmdExit, &QToolButton::clicked, this, &Directe::ExitDirecte);
-    connect(CmdExit, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& at) { CmdExit_RightClick(CmdExit->mapToGlobal(at)); });
+    // The right button's press on Exit opens its menu.
+    CmdExit->installEventFilter(this);
     connect(asxToolButton1, &QToolButton::clicked, this, &Directe::asxToolButton1_Click);
     connect(CmdContinuity, &QToolButton::clicked, this, &Directe::CmdContinuity_Click);
     connect(CmdSearch, &QToolButton::clicked, this, &Directe::CmdSearch_Click);
@@ -74,6 +75,13 @@ void Directe::WatchPointer(QWidget* widget, int helpIndex)
 
 bool Directe::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == CmdExit && event->type() == QEvent::MouseButtonPress) {
+        const auto* press = static_cast<QMouseEvent*>(event);
+        if (press->button() == Qt::RightButton) {
+            CmdExit_RightClick(press->globalPosition().toPoint());
+            return true;
+        }
+    }
     if (event->type() == QEvent::MouseMove) {
         const auto help = m_helpOf.constFind(watched);
         if (help != m_helpOf.constEnd())
