@@ -1,4 +1,4 @@
-// The on-air page of the running workstation on the Null device's virtual clock: from the
+// The Live screen of the running workstation on the Null device's virtual clock: from the
 // release of a drag on a deck, and from a click on Play of a loaded deck, to the first frame
 // that sounds at the device. The time is the handling of the mouse event (load and play
 // through the kernel), plus the device periods until sound; on a real clock the first of those
@@ -8,7 +8,7 @@
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iCartPlayer.h"
 #include "kernelapi/iCarts.h"
-#include "onair/FrmOnAir.h"
+#include "onair/Directe.h"
 #include "onair/IFCartPlayer.h"
 #include "support/VirtualWorkstation.h"
 #include <QApplication>
@@ -17,13 +17,14 @@
 #include <benchmark/benchmark.h>
 
 namespace {
-// The on-air page open on family JIN.
-FrmOnAir* OnAirPage()
+// The Live screen, loaded, open on family JIN.
+Directe* LiveScreen()
 {
-    static FrmOnAir* page = [] {
-        auto* made = new FrmOnAir;
+    static Directe* page = [] {
+        auto* made = new Directe;
         made->show();
         QCoreApplication::processEvents();
+        made->TmrLoader_Timer();
         made->IFBrowserCart1->LoadFamilyByName(QStringLiteral("JIN"));
         return made;
     }();
@@ -37,7 +38,7 @@ void DragReleaseOnDeckToFirstSoundingFrame(benchmark::State& state)
         state.SkipWithError("the workstation did not start");
         return;
     }
-    FrmOnAir* page = OnAirPage();
+    Directe* page = LiveScreen();
     IFCartPlayer* deck = page->IFCartPlayer1[0];
     QTreeView* list = page->IFBrowserCart1->ListView1;
     QWidget* viewport = list->viewport();
@@ -60,7 +61,7 @@ void PlayClickToFirstSoundingFrame(benchmark::State& state)
         state.SkipWithError("the workstation did not start");
         return;
     }
-    IFCartPlayer* deck = OnAirPage()->IFCartPlayer1[0];
+    IFCartPlayer* deck = LiveScreen()->IFCartPlayer1[0];
     QWidget* play = deck->findChild<QWidget*>(QStringLiteral("CmdPlay"));
     const auto cart = Globals::Kernel()->Carts()->Cart(QStringLiteral("JIN0001"));
     workstation.MeasureToSound(

@@ -1,5 +1,6 @@
 #include "onair/OnAirControls.h"
-#include "onair/FrmOnAir.h"
+#include "onair/Directe.h"
+#include "onair/FrmPautador.h"
 #include "onair/IFCartPlayer.h"
 #include "onair/IFColorPicker.h"
 #include "onair/IFFastCart.h"
@@ -10,6 +11,8 @@
 #include "onair/IFPlayList.h"
 #include "onair/IFPlayLists.h"
 #include "onair/IFShortCuts.h"
+#include "onair/NewDirecte.h"
+#include "onair/TestDirecte.h"
 #include "onair/UCPlayListContents.h"
 #include "onair/UCPlayListDiskOperation.h"
 #include "onair/UCPlayListStatus.h"
@@ -33,6 +36,10 @@ void RegisterControls(const std::function<void(const QString&, ControlFactory)>&
     add(QStringLiteral("Korvane_Interface.UCPlayListDiskOperation"), [](QWidget* parent) -> QWidget* { return new UCPlayListDiskOperation(parent); });
     // The shortcut container.
     add(QStringLiteral("Korvane_Interface.IFShortCuts"), [](QWidget* parent) -> QWidget* { return new IFShortCuts(parent); });
-    add(QStringLiteral("FrmOnAir"), [](QWidget*) -> QWidget* { return new FrmOnAir; });
+    // The screens, by their form names.
+    add(QStringLiteral("Directe"), [](QWidget*) -> QWidget* { return new Directe; });
+    add(QStringLiteral("FrmPautador"), [](QWidget*) -> QWidget* { return new FrmPautador; });
+    add(QStringLiteral("NewDirecte"), [](QWidget*) -> QWidget* { return new NewDirecte; });
+    add(QStringLiteral("TestDirecte"), [](QWidget*) -> QWidget* { return new TestDirecte; });
 }
 }

@@ -13,7 +13,7 @@
 #include "kernel/EmbeddedKernel.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iCarts.h"
-#include "onair/FrmOnAir.h"
+#include "onair/Directe.h"
 #include "support/Photograph.h"
 #include <QDeadlineTimer>
 #include <QDir>
@@ -45,7 +45,7 @@ std::shared_ptr<iCart> CartOf(const QString& id)
 TEST_F(CartOperations, AProducerEditsRecalculatesPrintsAndTidiesAFamilyFromTheMenu)
 {
     ScriptedDialogs* dialogs = nullptr;
-    FrmOnAir* onAir = OpenOnAir(station, &dialogs);
+    Directe* onAir = OpenLive(station, &dialogs);
     ASSERT_NE(onAir, nullptr);
     OpenFamily(onAir, QStringLiteral("JIN"));
     IFBrowserCart* carts = onAir->IFBrowserCart1;
@@ -93,6 +93,6 @@ TEST_F(CartOperations, AProducerEditsRecalculatesPrintsAndTidiesAFamilyFromTheMe
 
     EXPECT_TRUE(dialogs->boxes.isEmpty());
     const QString log = TodaysLog(station.Dir());
-    EXPECT_FALSE(log.contains(QStringLiteral("ERROR: "))) << log.toStdString();
+    EXPECT_TRUE(UnexpectedErrors(log).isEmpty()) << log.toStdString();
     EXPECT_TRUE(log.contains(QStringLiteral("Family JIN recalculated"))) << log.toStdString();
 }

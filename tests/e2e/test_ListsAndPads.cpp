@@ -1,6 +1,6 @@
 // A chained list and the pads, by mouse and keys: three carts dragged from the browser into a
 // new waiting list play one after another from its Play, and the pads of a list play by key
-// and by press on the on-air page.
+// and by press on the Live screen.
 #include "browse/BrowserRowModel.h"
 #include "browse/IFBrowserCart.h"
 #include "browse/IFBrowserFamily.h"
@@ -18,7 +18,7 @@
 #include "kernelapi/iPlayLists.h"
 #include "kernelapi/iStream.h"
 #include "kernelapi/iStreams.h"
-#include "onair/FrmOnAir.h"
+#include "onair/Directe.h"
 #include "onair/IFFastCart.h"
 #include "onair/IFFastCarts.h"
 #include "onair/IFPlayList.h"
@@ -48,12 +48,12 @@ std::shared_ptr<iCartPlayer> PlayerOf(const QString& channel, int stream)
 
 TEST_F(ListsAndPads, ThreeCartsDraggedIntoAChainedListPlayInOrder)
 {
-    FrmOnAir* onAir = OpenOnAir(station);
+    Directe* onAir = OpenLive(station);
     ASSERT_NE(onAir, nullptr);
     OpenFamily(onAir, QStringLiteral("JIN"));
 
     const auto list = Globals::Kernel()->PlayLists()->Add();
-    IFPlayList* waiting = onAir->IFPlayList1;
+    IFPlayList* waiting = onAir->IFPlayList[0];
     waiting->TmrInit_Timer();
     waiting->TmrFillCombo_Timer();
     const int line = waiting->Combo()->findData(list->ID());
@@ -87,12 +87,12 @@ TEST_F(ListsAndPads, ThreeCartsDraggedIntoAChainedListPlayInOrder)
     EXPECT_EQ(heard, carts) << heard.join(' ').toStdString();
 
     const QString log = TodaysLog(station.Dir());
-    EXPECT_FALSE(log.contains(QStringLiteral("ERROR: "))) << log.toStdString();
+    EXPECT_TRUE(UnexpectedErrors(log).isEmpty()) << log.toStdString();
 }
 
 TEST_F(ListsAndPads, PadsPlayByKeyAndByPress)
 {
-    FrmOnAir* onAir = OpenOnAir(station);
+    Directe* onAir = OpenLive(station);
     ASSERT_NE(onAir, nullptr);
     onAir->ListTabs->setCurrentWidget(onAir->IFFastCarts1);
     IFFastCarts* pads = onAir->IFFastCarts1;

@@ -1,4 +1,4 @@
-// The road of a cart to air on the running workstation: log in, open the on-air page, pick a
+// The road of a cart to air on the running workstation: log in, open the Live screen, pick a
 // family, drag a cart from the list onto a deck with the mouse, hear it on the Null device
 // (on the virtual clock, so nothing waits), and work the deck's transport.
 #include "browse/BrowserRowModel.h"
@@ -9,14 +9,16 @@
 #include "foundation/Ini.h"
 #include "foundation/controls/UCButton.h"
 #include "foundation/Globals.h"
+#include "foundation/ui/ScriptedDialogs.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iCartPlayer.h"
 #include "kernelapi/iStream.h"
-#include "onair/FrmOnAir.h"
+#include "onair/Directe.h"
 #include "onair/IFCartPlayer.h"
 #include "shell/CInterface.h"
 #include "shell/components/CComponent.h"
 #include "shell/components/CComponents.h"
+#include "shell/InitForm.h"
 #include "shell/modInterface.h"
 #include "support/Photograph.h"
 #include "support/TempStation.h"
@@ -49,7 +51,8 @@ std::shared_ptr<CComponent> Registered(const QString& name)
 
 TEST_F(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
 {
-    FrmOnAir* onAir = OpenOnAir(station);
+    ScriptedDialogs* dialogs = nullptr;
+    Directe* onAir = OpenLive(station, &dialogs);
     ASSERT_NE(onAir, nullptr);
     OpenFamily(onAir, QStringLiteral("JIN"));
 
@@ -95,15 +98,22 @@ TEST_F(OnAir, ACartDraggedOntoADeckSoundsAndTheDeckWorksItsTransport)
     EXPECT_FALSE(player->Loaded());
     EXPECT_EQ(player->Status(), Ready);
 
-    // The page goes; the decks' components stay registered and reach no dead deck.
+    // The right button's menu on Exit: Cancel stays; then a click leaves, and the menu is back.
+    // The decks' components stay registered and reach no dead deck.
+    dialogs->popupChoices.push_back(QStringLiteral("Cancel"));
+    QTest::mouseClick(onAir->CmdExit, Qt::RightButton);
+    ASSERT_FALSE(dialogs->menus.isEmpty());
+    EXPECT_EQ(dialogs->menus.last()[1].text, QStringLiteral("Exit from the Live screen"));
+    EXPECT_TRUE(onAir->isVisible());
     const auto browser = onAir->IFBrowserCart1->Component();
     Click(onAir->CmdExit);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    ASSERT_EQ(Form::Find(QStringLiteral("FrmOnAir")), nullptr);
+    ASSERT_EQ(Form::Find(QStringLiteral("Directe")), nullptr);
+    EXPECT_TRUE(InitForm::Instance()->isVisible());
     EXPECT_EQ(Registered(QStringLiteral("CartPlayer")), first);
     EXPECT_EQ(first->Control(), nullptr);
     first->RaiseEventDragDrop(browser);
 
     const QString log = TodaysLog(station.Dir());
-    EXPECT_FALSE(log.contains(QStringLiteral("ERROR: "))) << log.toStdString();
+    EXPECT_TRUE(UnexpectedErrors(log).isEmpty()) << log.toStdString();
 }

@@ -19,7 +19,7 @@
 #include "kernelapi/iCartRecorder.h"
 #include "kernelapi/iCarts.h"
 #include "kernelapi/iStream.h"
-#include "onair/FrmOnAir.h"
+#include "onair/Directe.h"
 #include "onair/IFCartPlayer.h"
 #include "support/Photograph.h"
 #include <QApplication>
@@ -31,7 +31,7 @@ using Recording = WorkstationTest;
 
 TEST_F(Recording, ATakeGoesFromBlankToTheBrowserToADeckAndIsErasedByAHeldPress)
 {
-    FrmOnAir* onAir = OpenOnAir(station);
+    Directe* onAir = OpenLive(station);
     ASSERT_NE(onAir, nullptr);
     IFCartRecorder* panel = onAir->IFCartRecorder1;
     const std::shared_ptr<iCartRecorder> recorder = panel->CartRecorder();
@@ -81,5 +81,5 @@ TEST_F(Recording, ATakeGoesFromBlankToTheBrowserToADeckAndIsErasedByAHeldPress)
     EXPECT_FALSE(Globals::Kernel()->Carts()->Exists(take));
 
     const QString log = TodaysLog(station.Dir());
-    EXPECT_FALSE(log.contains(QStringLiteral("ERROR: "))) << log.toStdString();
+    EXPECT_TRUE(UnexpectedErrors(log).isEmpty()) << log.toStdString();
 }

@@ -26,7 +26,7 @@ TEST_F(StartupRoad, ReachesTheMenuWithOnlyLoginEnabled)
     EXPECT_EQ(Menu()->ButtonCount(), 10); // five rows of two: the last place is empty
     EXPECT_TRUE(MenuButton(QStringLiteral("Login"))->isEnabled());
     EXPECT_FALSE(MenuButton(QStringLiteral("Configuration"))->isEnabled());
-    EXPECT_FALSE(MenuButton(QStringLiteral("On air"))->isEnabled());
+    EXPECT_FALSE(MenuButton(QStringLiteral("Live"))->isEnabled());
     EXPECT_FALSE(MenuButton(QStringLiteral("Exit"))->isEnabled());
 
     auto* user = InitForm::Instance()->findChild<IFUserInfo*>(QStringLiteral("IFUserInfo1"));
