@@ -107,7 +107,7 @@ public:
     bool PreventShortCuts() const { return m_preventShortCuts; }
 
     // The loader: its one tick, and its steps.
-    void TmrLoader_Timer();
+    Q_INVOKABLE void TmrLoader_Timer();
     void AddControls();
     void InitAlerts();
     void InitHelp();

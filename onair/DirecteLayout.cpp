@@ -147,6 +147,7 @@ QWidget* Directe::BuildRecorderRow()
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     CartRecorderPannel = new VolmarPannel(row, QStringLiteral("CartRecorderPannel"));
+    CartRecorderPannel->SetCaption(QStringLiteral("Cart Recorder"));
     auto* tape = new QWidget(CartRecorderPannel);
     auto* tapeRow = new QHBoxLayout(tape);
     tapeRow->setContentsMargins(0, 0, 0, 0);

@@ -34,6 +34,8 @@
 namespace {
 const QString Object = QStringLiteral("Directe");
 const QString LoaderProcedure = QStringLiteral("TmrLoader_Timer");
+// The first line of the information line once loaded: a name, never translated.
+const QString Brand = QStringLiteral("*** VOLMAR KORVANE ***");
 // The shortcut grid of this screen always has this many slots.
 constexpr int ShortCutSlots = 23;
 
@@ -71,7 +73,7 @@ std::vector<Directe::LoaderStep> Directe::LoaderSteps()
         [] { MessagePush(Tr(QStringLiteral("Loading..."))); },
         [this] { TranslateWithKernel(this); },
         [this] { AddControls(); },
-        [this] { Estat->setText(QStringLiteral("*** VOLMAR KORVANE ***\n") + Tr(QStringLiteral("*** ALL RIGHT ***"))); },
+        [this] { Estat->setText(Brand + QLatin1Char('\n') + Tr(QStringLiteral("*** ALL RIGHT ***"))); },
         [this] {
             InitAlerts();
             InitHelp();
