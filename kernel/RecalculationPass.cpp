@@ -98,16 +98,20 @@ void RecalculationPass::WriteMacros()
 template <typename Items, typename Write>
 void RecalculationPass::WriteBatch(const Items& items, Write write)
 {
-    if (items.empty())
-        return;
-    std::vector<RecalculationOutcome> outcomes;
-    // A busy database runs the body again: the outcomes are reported only once it committed.
-    m_db->Transaction([&] {
-        outcomes.clear();
-        for (const auto& item : items)
-            outcomes.push_back(write(item));
-    });
-    m_report(std::move(outcomes));
+    const std::size_t count = std::size_t(items.size());
+    for (std::size_t first = 0; first < count;) {
+        std::vector<RecalculationOutcome> outcomes;
+        QElapsedTimer clock;
+        // A busy database runs the body again: the outcomes are reported only once it committed.
+        m_db->Transaction([&] {
+            outcomes.clear();
+            clock.start();
+            for (std::size_t i = first; i < count && (outcomes.empty() || clock.elapsed() < TransactionMs); ++i)
+                outcomes.push_back(write(items[i]));
+        });
+        first += outcomes.size();
+        m_report(std::move(outcomes));
+    }
 }
 
 RecalculationOutcome RecalculationPass::WriteSound(const Measured& measured)

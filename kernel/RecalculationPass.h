@@ -24,6 +24,9 @@ public:
     // Measuring goes on for at most this long before what was measured is written, so that
     // progress shows while long files are measured.
     static constexpr int BatchMs = 250;
+    // A transaction takes in no more carts once it has run this long, so that a write of the
+    // UI thread waiting for the catalogue (SQLite's busy timeout) never waits long.
+    static constexpr int TransactionMs = 5;
 
     using Report = std::function<void(std::vector<RecalculationOutcome>)>;
 
@@ -54,7 +57,8 @@ private:
     void MeasureAndWrite(const std::vector<Job>& jobs);
     Measured Measure(const Job& job) const;
     void WriteMacros();
-    // Writes items in one transaction and reports their outcomes once it committed.
+    // Writes items in as few transactions of at most TransactionMs as it takes, and reports
+    // the outcomes of each once it committed.
     template <typename Items, typename Write>
     void WriteBatch(const Items& items, Write write);
     RecalculationOutcome WriteSound(const Measured& measured);

@@ -14,6 +14,7 @@
 #include "kernelapi/iPlayLists.h"
 #include "kernelapi/iRecalculation.h"
 #include "tools/ToneFile.h"
+#include <QDir>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -143,7 +144,9 @@ TEST(CartsOnServer, ARecalculationWritesTheServerCatalogueFromItsOwnConnection)
     FillCatalogue(*OpenServerKernel(location));
     QTemporaryDir dir;
     const auto kernel = OpenKernel(dir, QStringLiteral("ONE"), location);
-    ToneFile{ToneFile::Format::Wav16, 8000, 1, 1000}.Write(kernel->World()->SoundFolder() + QStringLiteral("JIN0001.wav"));
+    const QString sound = kernel->World()->SoundFolder();
+    ASSERT_TRUE(QDir().mkpath(sound));
+    ToneFile{ToneFile::Format::Wav16, 8000, 1, 1000}.Write(sound + QStringLiteral("JIN0001.wav"));
     const qsizetype connections = QSqlDatabase::connectionNames().size();
 
     EXPECT_EQ(Recalculate(*kernel, QStringLiteral("JIN")), 0);
