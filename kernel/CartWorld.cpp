@@ -103,6 +103,13 @@ void CartWorld::Deleted(const QString& id)
     Q_EMIT ContentsChanged(CartID::FamilyOf(id));
 }
 
+void CartWorld::ReleaseRechecks(const QString& familyID)
+{
+    const auto held = m_heldRechecks.find(familyID);
+    if (held != m_heldRechecks.end() && --held.value() == 0)
+        m_heldRechecks.erase(held);
+}
+
 void CartWorld::Moved(const QString& fromID, const QString& toID)
 {
     ReloadOthers(fromID, nullptr);

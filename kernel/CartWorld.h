@@ -69,6 +69,16 @@ public:
     void FamilyRewritten(const QString& familyID) { Q_EMIT ContentsChanged(familyID); }
     // A cart was deleted.
     void Deleted(const QString& id);
+
+    // Long work writes a family's carts from its own connection: until it releases the hold,
+    // the store watcher leaves that family alone, and the work tells the family once at the
+    // end. Holds are counted.
+    void HoldRechecks(const QString& familyID) { ++m_heldRechecks[familyID]; }
+    void ReleaseRechecks(const QString& familyID);
+    bool RechecksHeld(const QString& familyID) const { return m_heldRechecks.contains(familyID); }
+    // The kernel closes: background work on the catalogue ends, and its threads close their
+    // connections, before this returns.
+    void Close() { Q_EMIT Closing(); }
     // A cart was renumbered.
     void Moved(const QString& fromID, const QString& toID);
 
@@ -78,6 +88,7 @@ Q_SIGNALS:
     // The stored properties of a cart changed.
     void CartChanged(const QString& cartID);
     void CartMoved(const QString& fromID, const QString& toID);
+    void Closing();
 
 private:
     std::shared_ptr<Cart> Cached(const QString& id) const;
@@ -94,6 +105,7 @@ private:
     FamilyStore m_familyStore;
     std::weak_ptr<Families> m_families;
     QHash<QString, std::weak_ptr<Cart>> m_live;
+    QHash<QString, int> m_heldRechecks; // by family ID
     int m_pruneAt = 1024; // the size of m_live at which expired entries are dropped
     // Last: made after the log it writes to, and gone (its reports finished) first.
     ReportPrinter m_reports{m_log};

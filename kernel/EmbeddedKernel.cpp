@@ -74,6 +74,7 @@ EmbeddedKernel::EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log
 
 EmbeddedKernel::~EmbeddedKernel()
 {
+    m_cartWorld->Close();
     if (m_channels)
         m_channels->ForgetKernel();
 }

@@ -119,8 +119,10 @@ void Families::Recheck()
         if (!same)
             Refresh();
     }
-    for (const std::shared_ptr<Family>& family : List())
-        family->Recheck();
+    for (const std::shared_ptr<Family>& family : List()) {
+        if (!m_world->RechecksHeld(family->ID()))
+            family->Recheck();
+    }
 }
 
 std::vector<std::shared_ptr<Family>>& Families::List() const

@@ -25,7 +25,8 @@ public:
     void Add(const QString& name, const QString& description) override;
     void Refresh() override;
     // Takes up what another workstation changed: the family list (Changed when it differs
-    // from the store) and the carts of every family already read.
+    // from the store) and the carts of every family already read, but those whose rechecks
+    // are held (see CartWorld::HoldRechecks).
     void Recheck();
     bool Exists(const QString& familyID) const override;
 

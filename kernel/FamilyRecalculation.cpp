@@ -1,9 +1,6 @@
 #include "kernel/FamilyRecalculation.h"
 #include "foundation/db/Database.h"
-#include "kernel/CartID.h"
 #include "kernel/CartWorld.h"
-#include "kernel/Sound.h"
-#include "kernelapi/KernelError.h"
 
 namespace {
 const QString Object = QStringLiteral("iFamily");
@@ -17,14 +14,15 @@ std::shared_ptr<iRecalculation> FamilyRecalculation::Create(std::shared_ptr<Cart
 }
 
 FamilyRecalculation::FamilyRecalculation(std::shared_ptr<CartWorld> world, const QString& familyID, bool accurate)
-    : m_world(std::move(world)), m_familyID(familyID), m_accurate(accurate)
+    : m_world(std::move(world)), m_familyID(familyID)
 {
-    m_soundFolder = m_world->SoundFolder();
     m_total = m_world->Store().CountFamily(m_familyID);
     m_slice.setSingleShot(true);
     m_slice.setInterval(0);
     connect(&m_slice, &QTimer::timeout, this, &FamilyRecalculation::Slice);
-    m_worker = std::make_unique<RecalculationWorker>(accurate, [this] {
+    connect(m_world.get(), &CartWorld::Closing, this, &FamilyRecalculation::Close);
+    m_world->HoldRechecks(m_familyID);
+    m_worker = std::make_unique<RecalculationWorker>(m_world->Db()->Recipe(), m_familyID, m_world->SoundFolder(), accurate, [this] {
         QMetaObject::invokeMethod(this, [this] { Schedule(); }, Qt::QueuedConnection);
     });
     // The first slice runs from the event loop, after the caller has connected to the signals.
@@ -34,6 +32,13 @@ FamilyRecalculation::FamilyRecalculation(std::shared_ptr<CartWorld> world, const
 FamilyRecalculation::~FamilyRecalculation()
 {
     m_worker.reset();
+    if (m_running) {
+        // Let go mid-run: the worker wrote carts that nobody counted. The family hears of it
+        // from the event loop, not from under its holder's destructor.
+        m_world->ReleaseRechecks(m_familyID);
+        QMetaObject::invokeMethod(
+            m_world.get(), [world = m_world, id = m_familyID] { world->FamilyRewritten(id); }, Qt::QueuedConnection);
+    }
 }
 
 void FamilyRecalculation::Release()
@@ -50,6 +55,12 @@ void FamilyRecalculation::Stop()
         return;
     m_stop = true;
     m_worker->Stop();
+}
+
+void FamilyRecalculation::Close()
+{
+    Stop();
+    m_worker->Wait();
     Schedule();
 }
 
@@ -59,22 +70,22 @@ void FamilyRecalculation::Schedule()
         m_slice.start();
 }
 
-// One slice of work on the kernel's thread; the next one is asked for while this side has work,
-// otherwise the worker's results ask for it.
+// One slice on the kernel's thread; the next is asked for while outcomes are left, otherwise
+// the worker's wake-ups ask for it.
 void FamilyRecalculation::Slice()
 {
     m_inSlice = true;
     m_sliceClock.start();
-    try {
-        RunSlice();
-    } catch (const KernelError& e) {
-        m_world->Log().Error(Object, Procedure, QStringLiteral("Family %1: %2").arg(m_familyID, e.Description()));
-        m_stop = true;
-        m_allRead = true;
-        m_worker->Stop();
-        m_results.clear();
-        Schedule();
+    const bool workerDone = m_worker->Finished(); // before taking: no outcome comes after it
+    CountSome();
+    if (m_done != m_reported) {
+        m_reported = m_done;
+        Q_EMIT Progress(m_done, Total(), m_current);
     }
+    if (!m_outcomes.empty())
+        Schedule();
+    else if (workerDone)
+        Finish();
     m_inSlice = false;
     if (m_released) {
         // Let go by a handler of this slice's signals: deleted from the event loop, not under
@@ -84,137 +95,24 @@ void FamilyRecalculation::Slice()
     }
 }
 
-void FamilyRecalculation::RunSlice()
+void FamilyRecalculation::CountSome()
 {
-    if (ReadingLeft())
-        ReadPage();
-    for (RecalculationWorker::Result& result : m_worker->TakeResults())
-        m_results.push_back(std::move(result));
-    if (!m_results.empty()) {
-        WriteResults();
-    } else if (m_worker->Finished() && !ReadingLeft()) {
-        if (m_stop || m_nextMacro >= m_macros.size()) {
-            Finish();
-            return;
-        }
-        WriteMacros();
-    }
-    if (m_done != m_reported) {
-        m_reported = m_done;
-        Q_EMIT Progress(m_done, m_total, m_current);
-    }
-    if (ReadingLeft() || !m_results.empty() || m_worker->Finished())
-        Schedule();
-}
-
-void FamilyRecalculation::ReadPage()
-{
-    const QString after = m_readAfter.isEmpty() ? m_familyID : m_readAfter;
-    const std::vector<CartRecord> page = m_world->Store().ReadFamilyPage(m_familyID, after, PageSize);
-    std::vector<RecalculationWorker::Job> jobs;
-    for (const CartRecord& record : page)
-        Take(record, jobs);
-    m_seen += int(page.size());
-    m_total = std::max(m_total, m_seen);
-    m_worker->Add(std::move(jobs));
-    if (int(page.size()) < PageSize) {
-        m_allRead = true;
-        m_total = m_seen; // carts deleted or added since the count
-        m_worker->NoMoreJobs();
+    for (RecalculationOutcome& outcome : m_worker->TakeOutcomes())
+        m_outcomes.push_back(std::move(outcome));
+    while (!m_outcomes.empty() && m_sliceClock.elapsed() < SliceMs) {
+        Count(m_outcomes.front());
+        m_outcomes.pop_front();
     }
 }
 
-// A sound goes to the worker, a macro waits for the sounds, any other cart has no length to
-// measure.
-void FamilyRecalculation::Take(const CartRecord& record, std::vector<RecalculationWorker::Job>& jobs)
-{
-    m_readAfter = record.id;
-    switch (record.type) {
-    case CartType::Sound: {
-        const QString path = Sound(m_world->Db(), record.id, m_soundFolder).FileName();
-        if (path.isEmpty())
-            Count({Outcome::Failed, record.id, QStringLiteral("the sound has no file to measure")});
-        else
-            jobs.push_back({record.id, path});
-        break;
-    }
-    case CartType::Macro:
-        m_macros << record.id;
-        break;
-    default:
-        Count({Outcome::Skipped, record.id, {}});
-    }
-}
-
-void FamilyRecalculation::WriteResults()
-{
-    const std::size_t written = WriteSome(m_results, 0, [this](const RecalculationWorker::Result& result) { return WriteSound(result); });
-    m_results.erase(m_results.begin(), m_results.begin() + std::ptrdiff_t(written));
-}
-
-void FamilyRecalculation::WriteMacros()
-{
-    m_nextMacro += qsizetype(WriteSome(m_macros, std::size_t(m_nextMacro), [this](const QString& cartID) { return WriteMacro(cartID); }));
-}
-
-template <typename Items, typename Write>
-std::size_t FamilyRecalculation::WriteSome(const Items& items, std::size_t first, Write write)
-{
-    std::vector<Outcome> outcomes;
-    // A busy database runs the body again: the outcomes are counted only once it committed.
-    m_world->Db()->Transaction([&] {
-        outcomes.clear();
-        for (std::size_t i = first; i < std::size_t(items.size()); ++i) {
-            if (!outcomes.empty() && m_sliceClock.elapsed() >= SliceMs)
-                break;
-            outcomes.push_back(write(items[i]));
-        }
-    });
-    for (const Outcome& outcome : outcomes)
-        Count(outcome);
-    return outcomes.size();
-}
-
-FamilyRecalculation::Outcome FamilyRecalculation::WriteSound(const RecalculationWorker::Result& result) const
-{
-    const std::optional<CartRecord> record = m_world->Store().Read(result.cartID);
-    if (!record || record->type != CartType::Sound)
-        return {Outcome::Skipped, result.cartID, {}};
-    if (!result.lengthMs)
-        return {Outcome::Failed, result.cartID, result.error};
-    Sound sound(m_world->Db(), result.cartID, m_soundFolder);
-    if (sound.FileName() != result.path)
-        return {Outcome::Skipped, result.cartID, {}};
-    sound.TakeLength(*result.lengthMs);
-    m_world->Store().SetTime(result.cartID, std::max(0, sound.FileStop() - sound.FileStart()));
-    return {Outcome::Written, result.cartID, {}};
-}
-
-// A macro lasts as long as its steps together, as they stand in the catalogue.
-FamilyRecalculation::Outcome FamilyRecalculation::WriteMacro(const QString& cartID) const
-{
-    const std::optional<CartRecord> record = m_world->Store().Read(cartID);
-    if (!record || record->type != CartType::Macro)
-        return {Outcome::Skipped, cartID, {}};
-    qint32 ms = 0;
-    for (const QString& step : m_world->Store().Steps(cartID)) {
-        if (!CartID::IsValid(step) || step == cartID)
-            continue;
-        if (const std::optional<CartRecord> stepRecord = m_world->Store().Read(step))
-            ms += stepRecord->time;
-    }
-    m_world->Store().SetTime(cartID, ms);
-    return {Outcome::Written, cartID, {}};
-}
-
-void FamilyRecalculation::Count(const Outcome& outcome)
+void FamilyRecalculation::Count(const RecalculationOutcome& outcome)
 {
     ++m_done;
     m_current = outcome.cartID;
-    if (outcome.kind == Outcome::Failed) {
+    if (outcome.kind == RecalculationOutcome::Failed) {
         ++m_failed;
         m_world->Log().Error(Object, Procedure, QStringLiteral("%1: %2").arg(outcome.cartID, outcome.reason));
-    } else if (outcome.kind == Outcome::Written) {
+    } else if (outcome.kind == RecalculationOutcome::Written) {
         m_world->RewrittenInBatch(outcome.cartID);
     }
 }
@@ -222,13 +120,19 @@ void FamilyRecalculation::Count(const Outcome& outcome)
 void FamilyRecalculation::Finish()
 {
     m_running = false;
+    const QString failure = m_worker->Failure();
+    if (!failure.isEmpty())
+        m_world->Log().Error(Object, Procedure, QStringLiteral("Family %1: %2").arg(m_familyID, failure));
+    else if (!m_stop)
+        m_total = m_done; // carts deleted or added since the count
     m_world->Log().Ok(Object, Procedure,
                       QStringLiteral("Family %1 %2 %3 of %4 carts, %5 failed")
-                          .arg(m_familyID, m_stop ? QStringLiteral("stopped after") : QStringLiteral("recalculated"))
+                          .arg(m_familyID, m_stop || !failure.isEmpty() ? QStringLiteral("stopped after") : QStringLiteral("recalculated"))
                           .arg(m_done)
-                          .arg(m_total)
+                          .arg(Total())
                           .arg(m_failed));
+    m_world->ReleaseRechecks(m_familyID);
     m_world->FamilyRewritten(m_familyID);
-    Q_EMIT Progress(m_done, m_total, m_current);
+    Q_EMIT Progress(m_done, Total(), m_current);
     Q_EMIT Finished(m_failed);
 }

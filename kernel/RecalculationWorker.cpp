@@ -1,56 +1,37 @@
 #include "kernel/RecalculationWorker.h"
-#include "kernel/SoundFile.h"
+#include "foundation/db/Database.h"
+#include "kernel/RecalculationPass.h"
 #include "kernelapi/KernelError.h"
 #include <exception>
 
-RecalculationWorker::RecalculationWorker(bool accurate, std::function<void()> wake)
-    : m_accurate(accurate), m_wake(std::move(wake)), m_thread([this] { Loop(); })
+RecalculationWorker::RecalculationWorker(DatabaseRecipe catalogue, const QString& familyID, const QString& soundFolder,
+                                         bool accurate, std::function<void()> wake)
+    : m_catalogue(std::move(catalogue)), m_familyID(familyID), m_soundFolder(soundFolder), m_accurate(accurate),
+      m_wake(std::move(wake)), m_thread([this] { Run(); })
 {
 }
 
 RecalculationWorker::~RecalculationWorker()
 {
     Stop();
-    m_thread.join();
-}
-
-void RecalculationWorker::Add(std::vector<Job> jobs)
-{
-    if (jobs.empty())
-        return;
-    {
-        std::lock_guard lock(m_mutex);
-        if (m_noMoreJobs)
-            return;
-        for (Job& job : jobs)
-            m_jobs.push_back(std::move(job));
-    }
-    m_jobsArrived.notify_one();
-}
-
-void RecalculationWorker::NoMoreJobs()
-{
-    {
-        std::lock_guard lock(m_mutex);
-        m_noMoreJobs = true;
-    }
-    m_jobsArrived.notify_one();
+    Wait();
 }
 
 void RecalculationWorker::Stop()
 {
-    {
-        std::lock_guard lock(m_mutex);
-        m_noMoreJobs = true;
-        m_jobs.clear();
-    }
-    m_jobsArrived.notify_one();
+    m_stop = true;
 }
 
-std::vector<RecalculationWorker::Result> RecalculationWorker::TakeResults()
+void RecalculationWorker::Wait()
+{
+    if (m_thread.joinable())
+        m_thread.join();
+}
+
+std::vector<RecalculationOutcome> RecalculationWorker::TakeOutcomes()
 {
     std::lock_guard lock(m_mutex);
-    return std::exchange(m_results, {});
+    return std::exchange(m_outcomes, {});
 }
 
 bool RecalculationWorker::Finished() const
@@ -59,40 +40,43 @@ bool RecalculationWorker::Finished() const
     return m_finished;
 }
 
-void RecalculationWorker::Loop()
+QString RecalculationWorker::Failure() const
 {
-    std::unique_lock lock(m_mutex);
-    for (;;) {
-        m_jobsArrived.wait(lock, [this] { return !m_jobs.empty() || m_noMoreJobs; });
-        if (m_jobs.empty())
-            break;
-        const Job job = std::move(m_jobs.front());
-        m_jobs.pop_front();
-        lock.unlock();
-        Result result = Measure(job);
-        lock.lock();
-        const bool wasEmpty = m_results.empty();
-        m_results.push_back(std::move(result));
-        if (wasEmpty) {
-            lock.unlock();
-            m_wake();
-            lock.lock();
-        }
+    std::lock_guard lock(m_mutex);
+    return m_failure;
+}
+
+// The connection is made, used and closed on this thread, and closed before Finished is told.
+void RecalculationWorker::Run()
+{
+    QString failure;
+    try {
+        const std::shared_ptr<Database> db = m_catalogue.Open();
+        RecalculationPass pass(db, m_familyID, m_soundFolder, m_accurate, [this] { return m_stop.load(); },
+                               [this](std::vector<RecalculationOutcome> outcomes) { Report(std::move(outcomes)); });
+        pass.Run();
+    } catch (const KernelError& e) {
+        failure = e.Description();
+    } catch (const std::exception& e) {
+        failure = QString::fromLocal8Bit(e.what());
     }
-    m_finished = true;
-    lock.unlock();
+    {
+        std::lock_guard lock(m_mutex);
+        m_failure = failure;
+        m_finished = true;
+    }
     m_wake();
 }
 
-RecalculationWorker::Result RecalculationWorker::Measure(const Job& job) const
+void RecalculationWorker::Report(std::vector<RecalculationOutcome> outcomes)
 {
-    Result result{job.cartID, job.path, std::nullopt, {}};
-    try {
-        result.lengthMs = SoundFile::Measure(job.path, m_accurate);
-    } catch (const KernelError& e) {
-        result.error = e.Description();
-    } catch (const std::exception& e) {
-        result.error = QString::fromLocal8Bit(e.what());
+    bool wasEmpty = false;
+    {
+        std::lock_guard lock(m_mutex);
+        wasEmpty = m_outcomes.empty();
+        for (RecalculationOutcome& outcome : outcomes)
+            m_outcomes.push_back(std::move(outcome));
     }
-    return result;
+    if (wasEmpty)
+        m_wake();
 }

@@ -1,60 +1,51 @@
 #pragma once
+#include "foundation/db/DatabaseRecipe.h"
+#include "kernel/RecalculationOutcome.h"
 #include <QString>
-#include <condition_variable>
-#include <deque>
+#include <atomic>
 #include <functional>
 #include <mutex>
-#include <optional>
 #include <thread>
 #include <vector>
 
-// The thread that measures sound files for a recalculation: it decodes them, writes their
-// energy files and reads their lengths, one file after another, away from the UI thread. It
-// touches no catalogue and no kernel object: jobs come in as paths and leave as lengths or
-// reasons. Wake is called on the worker's thread when results arrive in an empty list and
-// when the worker is finished, so that the owner need not poll.
+// The thread of a family's recalculation. It opens its own connection to the catalogue (the
+// recipe of the kernel's), runs a RecalculationPass over the family and closes the connection
+// before it ends; it touches no kernel object. The outcomes of the carts wait under a mutex
+// until the owner takes them. Wake is called on the worker's thread when outcomes arrive in an
+// empty list and when the worker has finished, so that the owner need not poll.
 class RecalculationWorker
 {
 public:
-    struct Job
-    {
-        QString cartID;
-        QString path;
-    };
-    struct Result
-    {
-        QString cartID;
-        QString path;
-        std::optional<qint32> lengthMs; // empty when the file could not be measured
-        QString error;
-    };
-
-    RecalculationWorker(bool accurate, std::function<void()> wake);
-    // Stops and waits for the file being measured.
+    RecalculationWorker(DatabaseRecipe catalogue, const QString& familyID, const QString& soundFolder, bool accurate,
+                        std::function<void()> wake);
+    // Stops and waits for the thread.
     ~RecalculationWorker();
     RecalculationWorker(const RecalculationWorker&) = delete;
     RecalculationWorker& operator=(const RecalculationWorker&) = delete;
 
-    void Add(std::vector<Job> jobs);
-    // No job will be added: the worker finishes once the queue is empty.
-    void NoMoreJobs();
-    // Drops the queued jobs; the file being measured is finished.
+    // The files not measured yet are left alone; those measured are still written.
     void Stop();
-    std::vector<Result> TakeResults();
-    // No job left and none being measured; results may still wait to be taken.
+    // Blocks until the thread has ended and closed its connection.
+    void Wait();
+    std::vector<RecalculationOutcome> TakeOutcomes();
+    // The thread has ended; outcomes may still wait to be taken.
     bool Finished() const;
+    // Why the run ended early (the catalogue failed); empty otherwise. Read once Finished.
+    QString Failure() const;
 
 private:
-    void Loop();
-    Result Measure(const Job& job) const;
+    void Run();
+    void Report(std::vector<RecalculationOutcome> outcomes);
 
+    const DatabaseRecipe m_catalogue;
+    const QString m_familyID;
+    const QString m_soundFolder;
     const bool m_accurate;
     const std::function<void()> m_wake;
+    std::atomic<bool> m_stop{false};
     mutable std::mutex m_mutex;
-    std::condition_variable m_jobsArrived;
-    std::deque<Job> m_jobs;
-    std::vector<Result> m_results;
-    bool m_noMoreJobs = false;
+    std::vector<RecalculationOutcome> m_outcomes;
+    QString m_failure;
     bool m_finished = false;
     std::thread m_thread;
 };

@@ -1,5 +1,6 @@
 #include "foundation/db/Database.h"
 #include "foundation/db/DatabaseError.h"
+#include "foundation/db/DatabaseRecipe.h"
 #include "foundation/db/DbDriver.h"
 #include "foundation/db/Recordset.h"
 #include <QRegularExpression>
@@ -31,6 +32,8 @@ struct Database::Impl
     std::unique_ptr<DbDriver> driver;
     std::unique_ptr<SqlDialect> dialect;
     QString connectionName = NextConnectionName();
+    QString location;                                 // as opened, with any password
+    std::vector<std::pair<QString, QString>> attached; // location, alias
     std::map<QString, TableInfo> tables; // by lower-case name; entries stay where they are
     int transactionDepth = 0;
 };
@@ -50,6 +53,7 @@ std::unique_ptr<Database> Database::Open(const QString& location, OpenMode mode)
     auto impl = std::make_unique<Impl>();
     impl->driver = DbDriver::For(location);
     impl->dialect = SqlDialect::For(impl->driver->Engine());
+    impl->location = location;
     std::unique_ptr<Database> db(new Database(std::move(impl)));
     db->d->driver->Open(db->d->connectionName, mode);
     db->d->driver->Configure(*db, mode);
@@ -139,7 +143,13 @@ bool Database::HasTable(const QString& name)
 void Database::Attach(const QString& location, const QString& alias)
 {
     d->driver->Attach(*this, location, alias);
+    d->attached.emplace_back(location, alias);
     d->tables.clear();
+}
+
+DatabaseRecipe Database::Recipe() const
+{
+    return DatabaseRecipe(d->location, d->attached);
 }
 
 void Database::Transaction(const std::function<void()>& body)

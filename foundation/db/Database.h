@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+class DatabaseRecipe;
 class SqlDialect;
 class Recordset;
 struct TableInfo;
@@ -55,6 +56,10 @@ public:
     // this database's own: SQLite attaches the file under alias; on a server the location's
     // schema (same server and database) joins the search path.
     void Attach(const QString& location, const QString& alias);
+
+    // How to open another connection like this one (the same location, the same databases
+    // attached), on another thread; see DatabaseRecipe.
+    DatabaseRecipe Recipe() const;
 
     // Runs body in one transaction: commit on return, roll back and rethrow on a throw.
     // A busy database (SQLite) or a serialization failure or deadlock (server) runs the body

@@ -1,14 +1,17 @@
 #include "foundation/db/CatalogueSchema.h"
 #include "foundation/db/Database.h"
+#include "foundation/db/DatabaseRecipe.h"
 #include "foundation/db/PostgresLocation.h"
 #include "foundation/db/Recordset.h"
 #include "foundation/db/SqlDialect.h"
 #include "foundation/db/TableInfo.h"
 #include "kernelapi/KernelError.h"
 #include <QFile>
+#include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 void WriteFile(const QString& path, const QByteArray& bytes)
@@ -84,6 +87,45 @@ TEST(Database, DescribesTablesOfItsOwnAndAttachedFiles)
     kernel->ExecuteNative("CREATE VIEW Titles AS SELECT ID, Value FROM [All] WHERE Property = 'Title'");
     EXPECT_TRUE(kernel->Table("Titles").view);
     EXPECT_FALSE(kernel->Table("All").view);
+}
+
+TEST(Database, ARecipeOpensALikeConnectionOnAnotherThreadThatLeavesNoNameBehind)
+{
+    QTemporaryDir dir;
+    auto sound = Database::Open(dir.filePath("Sound.MDB"), Database::OpenMode::Create);
+    CatalogueSchema::CreateSoundSchema(*sound);
+    auto kernel = Database::Open(dir.filePath("Kernel.MDB"), Database::OpenMode::Create);
+    CatalogueSchema::CreateKernelSchema(*kernel);
+    kernel->Attach(dir.filePath("Sound.MDB"), "Sound");
+    const DatabaseRecipe recipe = kernel->Recipe();
+    const auto sortedNames = [] {
+        QStringList names = QSqlDatabase::connectionNames();
+        names.sort();
+        return names;
+    };
+    const QStringList names = sortedNames();
+
+    QString seen;
+    QStringList namesMeanwhile;
+    std::thread worker([&] {
+        try {
+            const std::unique_ptr<Database> twin = recipe.Open();
+            namesMeanwhile = QSqlDatabase::connectionNames();
+            twin->Transaction([&] { twin->Execute("INSERT INTO Cart (ID, Descripcio, Type) VALUES ('JIN0001', 'From the twin', 'S')"); });
+            QSqlQuery config = twin->Query("SELECT COUNT(*) FROM Config");
+            seen = config.next() ? "config " + config.value(0).toString() : "no config";
+        } catch (const KernelError& e) {
+            seen = e.Description();
+        }
+    });
+    worker.join();
+
+    EXPECT_EQ(seen, "config " + QString::number(CountOf(*kernel, "Config"))) << "the twin reaches the first database's own tables";
+    EXPECT_EQ(namesMeanwhile.size(), names.size() + 1);
+    EXPECT_EQ(sortedNames(), names) << "the twin's connection was removed with it";
+    QSqlQuery written = kernel->Query("SELECT Descripcio FROM Cart WHERE ID = 'JIN0001'");
+    ASSERT_TRUE(written.next()) << "the twin wrote the attached database";
+    EXPECT_EQ(written.value(0).toString(), "From the twin");
 }
 
 TEST(Database, ReadsDeclaredTypesOfBothEngines)

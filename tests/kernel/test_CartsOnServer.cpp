@@ -1,5 +1,6 @@
 #include "foundation/Ini.h"
 #include "foundation/db/Database.h"
+#include "kernel/CartWorld.h"
 #include "kernel/EmbeddedKernel.h"
 #include "kernel/StoreWatcher.h"
 #include "kernelapi/iCart.h"
@@ -11,7 +12,13 @@
 #include "kernelapi/iPlayList.h"
 #include "kernelapi/iPlayListItem.h"
 #include "kernelapi/iPlayLists.h"
+#include "kernelapi/iRecalculation.h"
+#include "tools/ToneFile.h"
+#include <QDir>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
+#include <QTest>
 #include "support/TestServer.h"
 #include <gtest/gtest.h>
 
@@ -40,6 +47,21 @@ void FillCatalogue(Database& db)
 std::shared_ptr<EmbeddedKernel> OpenKernel(const QTemporaryDir& dir, const QString& id, const QString& location)
 {
     return EmbeddedKernel::Open(ServerStationFolder(dir, id, location), nullptr);
+}
+
+qint32 StoredTime(const QString& location, const QString& cartID)
+{
+    QSqlQuery query = OpenServerKernel(location)->Query(QStringLiteral("SELECT Time FROM Cart WHERE ID = ?"), {cartID});
+    return query.next() ? query.value(0).toInt() : -1;
+}
+
+// Runs a family's recalculation to its end; the number of carts that failed, -1 when it hangs.
+int Recalculate(EmbeddedKernel& kernel, const QString& familyID)
+{
+    const std::shared_ptr<iRecalculation> run = kernel.Families()->Item(familyID)->Recalculate(true);
+    if (!QTest::qWaitFor([&] { return !run->Running(); }, 60000))
+        return -1;
+    return run->Failed();
 }
 
 QStringList IDsOf(const iFamily& family)
@@ -111,4 +133,27 @@ TEST(CartsOnServer, CartsFamiliesMacrosAndPlaylistsWorkOnAServerCatalogue)
     first->Families()->Remove(QStringLiteral("NEW"));
     second->Watcher().Tick();
     EXPECT_FALSE(second->Families()->Exists(QStringLiteral("NEW")));
+}
+
+TEST(CartsOnServer, ARecalculationWritesTheServerCatalogueFromItsOwnConnection)
+{
+    const QString location = FreshServerStation();
+    if (location.isEmpty())
+        GTEST_SKIP() << NoTestServer;
+    CreateServerCatalogue(location);
+    FillCatalogue(*OpenServerKernel(location));
+    QTemporaryDir dir;
+    const auto kernel = OpenKernel(dir, QStringLiteral("ONE"), location);
+    const QString sound = kernel->World()->SoundFolder();
+    ASSERT_TRUE(QDir().mkpath(sound));
+    ToneFile{ToneFile::Format::Wav16, 8000, 1, 1000}.Write(sound + QStringLiteral("JIN0001.wav"));
+    const qsizetype connections = QSqlDatabase::connectionNames().size();
+
+    EXPECT_EQ(Recalculate(*kernel, QStringLiteral("JIN")), 0);
+    EXPECT_EQ(StoredTime(location, QStringLiteral("JIN0001")), 1000) << "the stop mark was fitted to the file";
+    EXPECT_EQ(StoredTime(location, QStringLiteral("JIN0002")), 0);
+    EXPECT_EQ(Recalculate(*kernel, QStringLiteral("MES")), 0);
+    EXPECT_EQ(StoredTime(location, QStringLiteral("MES0001")), 1000) << "the macro is the sum of its steps";
+    EXPECT_EQ(QSqlDatabase::connectionNames().size(), connections) << "each run closed its connection";
+    EXPECT_EQ(kernel->Carts()->Cart(QStringLiteral("JIN0001"))->Time(), 1000);
 }

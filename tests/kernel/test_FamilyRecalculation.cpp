@@ -1,8 +1,10 @@
 #include "test_CartsFixture.h"
 #include "kernel/EnergyFile.h"
+#include "kernel/StoreWatcher.h"
 #include "kernelapi/iRecalculation.h"
 #include "tools/ToneFile.h"
 #include <QSignalSpy>
+#include <QSqlDatabase>
 #include <QTest>
 
 namespace {
@@ -49,6 +51,31 @@ protected:
     static bool RunToTheEnd(const iRecalculation& recalculation)
     {
         return QTest::qWaitFor([&] { return !recalculation.Running(); }, 60000);
+    }
+
+    static bool FirstCartsDone(const iRecalculation& recalculation)
+    {
+        return QTest::qWaitFor([&] { return recalculation.Done() > 0; }, 60000);
+    }
+
+    // Sound carts 1 to count, all on one file of 1000 ms, stored 7 ms long.
+    void AddSounds(int count, const QString& name) const
+    {
+        const QString file = Tone(name, 1000);
+        for (int number = 1; number <= count; ++number)
+            AddSound(ID(number), file);
+    }
+
+    // How many carts of the family hold the measured length; each holds it or the old one.
+    int Written(int count) const
+    {
+        int written = 0;
+        for (int number = 1; number <= count; ++number) {
+            const int time = Time(ID(number));
+            EXPECT_TRUE(time == 1000 || time == 7) << ID(number).toStdString() << " " << time;
+            written += time == 1000;
+        }
+        return written;
     }
 };
 
@@ -109,9 +136,7 @@ INSTANTIATE_TEST_SUITE_P(FastAndAccurate, RecalculationModes, ::testing::Bool())
 
 TEST_F(FamilyRecalculationTest, StopKeepsTheFinishedCartsAndLeavesTheRest)
 {
-    const QString file = Tone(QStringLiteral("rec-stop.wav"), 1000);
-    for (int number = 1; number <= 300; ++number)
-        AddSound(ID(number), file);
+    AddSounds(300, QStringLiteral("rec-stop.wav"));
     const std::shared_ptr<iRecalculation> recalculation = Start(true);
     QObject::connect(recalculation.get(), &iRecalculation::Progress, recalculation.get(), [&](int done) {
         if (done >= 2)
@@ -121,13 +146,7 @@ TEST_F(FamilyRecalculationTest, StopKeepsTheFinishedCartsAndLeavesTheRest)
 
     EXPECT_GE(recalculation->Done(), 2);
     EXPECT_LT(recalculation->Done(), 300);
-    int written = 0;
-    for (int number = 1; number <= 300; ++number) {
-        const int time = Time(ID(number));
-        ASSERT_TRUE(time == 1000 || time == 7) << ID(number).toStdString() << " " << time;
-        written += time == 1000;
-    }
-    EXPECT_EQ(written, recalculation->Done());
+    EXPECT_EQ(Written(300), recalculation->Done());
     EXPECT_EQ(recalculation->Failed(), 0);
 }
 
@@ -139,8 +158,9 @@ TEST_F(FamilyRecalculationTest, ACartDeletedDuringTheRunIsSkippedAndNotWrittenBa
     const std::shared_ptr<iRecalculation> recalculation = Start(true);
     bool deleted = false;
     QObject::connect(recalculation.get(), &iRecalculation::Progress, recalculation.get(), [&] {
-        if (!std::exchange(deleted, true))
+        if (!std::exchange(deleted, true)) {
             EXPECT_FALSE(carts->DeleteCart(ID(60), false).failed);
+        }
     });
     ASSERT_TRUE(RunToTheEnd(*recalculation));
 
@@ -167,4 +187,74 @@ TEST_F(FamilyRecalculationTest, AnEmptyFamilyFinishesAndALetGoRunEndsQuietly)
     dropped.reset();
     QTest::qWait(0);
     EXPECT_TRUE(LogLinesWith(QStringLiteral("ERROR")).isEmpty());
+}
+
+TEST_F(FamilyRecalculationTest, TheWatcherLeavesTheFamilyAloneDuringARunAndStillRefreshesTheOthers)
+{
+    AddSounds(120, QStringLiteral("rec-watched.wav"));
+    const std::shared_ptr<iFamily> family = families->Item(Family);
+    const std::shared_ptr<iFamily> jingles = families->Item(QStringLiteral("JIN"));
+    ASSERT_EQ(family->Item(1)->Time(), 7) << "the family's carts are read before the run";
+    ASSERT_GT(jingles->Count(), 0);
+    jingles->Item(1);
+    const qsizetype connections = QSqlDatabase::connectionNames().size();
+    QSignalSpy familyChanged(family.get(), &iFamily::ChangedContents);
+    QSignalSpy jinglesChanged(jingles.get(), &iFamily::ChangedContents);
+
+    for (int run = 1; run <= 2; ++run) {
+        const std::shared_ptr<iRecalculation> recalculation = Start(run == 1);
+        ASSERT_TRUE(FirstCartsDone(*recalculation));
+        // Another writer changes a jingle while the run's own writes are in the store too.
+        Run(SoundDb, QStringLiteral("UPDATE Cart SET Time = ? WHERE ID = ?"), {run * 1000, jingles->Item(1)->ID()});
+        kernel->Watcher().Tick();
+        EXPECT_EQ(familyChanged.count(), run - 1) << "run " << run << ": no refresh of the family under recalculation";
+        EXPECT_EQ(jinglesChanged.count(), run) << "run " << run << ": other families are refreshed";
+        ASSERT_TRUE(RunToTheEnd(*recalculation));
+        EXPECT_EQ(familyChanged.count(), run) << "run " << run << ": the family hears once, at the end";
+        EXPECT_EQ(recalculation->Done(), 120);
+        EXPECT_EQ(Written(120), 120);
+        EXPECT_EQ(QSqlDatabase::connectionNames().size(), connections) << "the worker's connection is gone";
+    }
+    kernel->Watcher().Tick();
+    EXPECT_EQ(familyChanged.count(), 2) << "the watcher takes the family up again, with nothing new to tell";
+    EXPECT_EQ(family->Item(120)->Time(), 1000);
+}
+
+TEST_F(FamilyRecalculationTest, ClosingTheKernelMidRunEndsTheWorkerAndClosesItsConnectionAtOnce)
+{
+    AddSounds(300, QStringLiteral("rec-closed.wav"));
+    const qsizetype connections = QSqlDatabase::connectionNames().size();
+    const std::shared_ptr<iRecalculation> recalculation = Start(true);
+    QSignalSpy finished(recalculation.get(), &iRecalculation::Finished);
+    ASSERT_TRUE(FirstCartsDone(*recalculation));
+
+    kernel.reset();
+    EXPECT_EQ(QSqlDatabase::connectionNames().size(), connections) << "the worker ended with the kernel";
+    ASSERT_TRUE(RunToTheEnd(*recalculation));
+    EXPECT_EQ(finished.count(), 1);
+    EXPECT_LT(recalculation->Done(), 300);
+    EXPECT_EQ(Written(300), recalculation->Done()) << "every cart written is counted, none more";
+    EXPECT_TRUE(LogLinesWith(QStringLiteral("ERROR")).isEmpty());
+}
+
+TEST_F(FamilyRecalculationTest, ACatalogueTheWorkerCannotOpenEndsTheRunWithAnErrorLine)
+{
+    AddSounds(3, QStringLiteral("rec-unopened.wav"));
+    // The worker's connection attaches User.MDB as the kernel's does; the kernel's keeps its
+    // open file, a new one finds none.
+    const QString users = station.DataDir() + QLatin1String(UserDb);
+    ASSERT_TRUE(QFile::rename(users, users + QStringLiteral(".away")));
+    const std::shared_ptr<iRecalculation> recalculation = Start(false);
+    QSignalSpy finished(recalculation.get(), &iRecalculation::Finished);
+    const bool ended = RunToTheEnd(*recalculation);
+    ASSERT_TRUE(QFile::rename(users + QStringLiteral(".away"), users));
+    ASSERT_TRUE(ended);
+
+    EXPECT_EQ(finished.count(), 1);
+    EXPECT_EQ(recalculation->Done(), 0);
+    const QStringList errors = LogLinesWith(QStringLiteral("ERROR"));
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_TRUE(errors.first().contains(QStringLiteral("Family %1").arg(Family))) << errors.first().toStdString();
+    EXPECT_TRUE(errors.first().contains(QLatin1String(UserDb))) << errors.first().toStdString();
+    EXPECT_EQ(Written(3), 0);
 }
