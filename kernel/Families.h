@@ -28,6 +28,8 @@ public:
     // from the store) and the carts of every family already read.
     void Recheck();
     bool Exists(const QString& familyID) const override;
+    // Refresh, then every family reads its row again and raises ChangedContents.
+    void RefreshAll();
 
     // The family of that ID; null when there is none. Never throws for a bad ID.
     std::shared_ptr<Family> Find(const QString& familyID) const;
