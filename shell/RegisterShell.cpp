@@ -6,6 +6,7 @@
 #include "shell/FrmLevels.h"
 #include "shell/FrmModalDelay.h"
 #include "shell/IFFileSystemMonitor.h"
+#include "shell/IFKernel.h"
 #include "shell/IFMenu.h"
 #include "shell/IFStationID.h"
 #include "shell/IFUserInfo.h"
@@ -40,6 +41,7 @@ void RegisterShell()
     RegisterForm<FrmLevels>("FrmLevels");
     RegisterForm<FrmGeneric>("FrmGeneric");
     RegisterControl<IFFileSystemMonitor>("IFFileSystemMonitor");
+    RegisterControl<IFKernel>("IFKernel");
     DragControls::RegisterControls(Register, [] {
         CInterface* ui = modInterface::Interface();
         return ui ? &ui->Drag() : nullptr;
