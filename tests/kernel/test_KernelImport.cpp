@@ -80,7 +80,8 @@ protected:
 
     QStringList CartsWithDescription(const QString& description) const
     {
-        QSqlQuery query = OpenData("Sound.MDB")->Query(QStringLiteral("SELECT ID FROM Cart WHERE Descripcio = ?"), {description});
+        const std::unique_ptr<Database> db = OpenData("Sound.MDB"); // the query must not outlive it
+        QSqlQuery query = db->Query(QStringLiteral("SELECT ID FROM Cart WHERE Descripcio = ?"), {description});
         QStringList ids;
         while (query.next())
             ids << query.value(0).toString();
@@ -177,7 +178,7 @@ TEST_F(KernelImportTest, ANameTakenInDoneOrRefusedGetsANumberedName)
 TEST_F(KernelImportTest, TheFolderAndTheFamilyComeFromTheSharedSettings)
 {
     kernel->SetConfig(QStringLiteral("ImportDir"), QStringLiteral("incoming/audio"));
-    kernel->SetConfig(QStringLiteral("ImportFamily"), QStringLiteral("NEW"));
+    kernel->SetConfig(QStringLiteral("ImportFamily"), QStringLiteral("IMQ"));
     EXPECT_EQ(kernel->ImportDirectory(), station.Folder().Root() + QStringLiteral("incoming/audio"));
     EXPECT_EQ(RunImport(), std::make_pair(0, 0));
     EXPECT_TRUE(QDir(kernel->ImportDirectory()).exists()) << "a missing folder is made";
@@ -186,8 +187,8 @@ TEST_F(KernelImportTest, TheFolderAndTheFamilyComeFromTheSharedSettings)
     Tone("News intro.ogg", Format::Ogg, 800);
     EXPECT_EQ(RunImport(), std::make_pair(1, 0));
     EXPECT_EQ(families.count(), 1) << "the family was made";
-    ASSERT_TRUE(kernel->Families()->Exists(QStringLiteral("NEW")));
-    const auto family = kernel->Families()->Item(QStringLiteral("NEW"));
+    ASSERT_TRUE(kernel->Families()->Exists(QStringLiteral("IMQ")));
+    const auto family = kernel->Families()->Item(QStringLiteral("IMQ"));
     ASSERT_EQ(family->Count(), 1);
     EXPECT_EQ(family->Item(1)->Description(), QStringLiteral("News intro"));
 }
