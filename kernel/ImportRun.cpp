@@ -44,6 +44,8 @@ ImportRun::Outcome ImportRun::Work() const
         }
     } catch (const KernelError& e) {
         outcome.error = e.Description();
+    } catch (const std::exception& e) {
+        outcome.error = QString::fromLocal8Bit(e.what());
     }
     return outcome;
 }

@@ -205,3 +205,17 @@ TEST_F(KernelImportTest, AnImportAskedForDuringARunScansAgainWhenItEnds)
     EXPECT_EQ(finished->at(0).at(0).toInt() + finished->at(1).at(0).toInt(), 1) << "the file came in once";
     EXPECT_FALSE(kernel->Importing());
 }
+
+TEST_F(KernelImportTest, AFailureOutsideTheFileLeavesItForTheNextScan)
+{
+    Tone("Promo.wav", Format::Wav16, 300);
+    kernel->SetConfig(QStringLiteral("SoundPath(1)"), QStringLiteral("station.ini/sound")); // a folder that cannot be made
+    EXPECT_EQ(RunImport(), std::make_pair(0, 0));
+    EXPECT_EQ(Names(QString()), QStringList({"Promo.wav"}));
+    EXPECT_EQ(LogLinesWith(QStringLiteral("Promo.wav left for the next import: Cannot copy")).size(), 1);
+    EXPECT_TRUE(CartsWithDescription(QStringLiteral("Promo")).isEmpty());
+
+    kernel->SetConfig(QStringLiteral("SoundPath(1)"), QString());
+    EXPECT_EQ(RunImport(), std::make_pair(1, 0));
+    EXPECT_EQ(Names(QStringLiteral("done")), QStringList({"Promo.wav"}));
+}
