@@ -1,4 +1,5 @@
 #include "shell/IFKernel.h"
+#include "browse/drag/CMouseController.h"
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Tr.h"
@@ -9,7 +10,9 @@
 #include "foundation/ui/WaitCursor.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/KernelError.h"
+#include "shell/CInterface.h"
 #include "shell/KernelButtonPictures.h"
+#include "shell/modInterface.h"
 #include <QCursor>
 #include <QLabel>
 
@@ -26,6 +29,13 @@ std::shared_ptr<CKernel> RequireKernel()
     if (!kernel)
         throw KernelError(QStringLiteral("There is no kernel"));
     return kernel;
+}
+
+// Where the pointer is, as the interface last saw it (a virtual display cannot be asked).
+QPoint PointerPosition()
+{
+    CInterface* ui = modInterface::Interface();
+    return ui ? ui->MouseController().Pointer() : QCursor::pos();
 }
 
 VolmarPannel* MakeFrame(QWidget* parent, const QString& name, const QString& caption)
@@ -149,7 +159,7 @@ void IFKernel::CmdRefresh_Click()
             Dialogs::PopupLine::Item(QStringLiteral("-") + Tr(QStringLiteral("Cancel"))),
             Dialogs::PopupLine::Item(Tr(QStringLiteral("Cancel")), QStringLiteral("Cancel")),
         };
-        PopupMenu_Click(Dialogs::PopupMenu(lines, QCursor::pos()));
+        PopupMenu_Click(Dialogs::PopupMenu(lines, PointerPosition()));
     });
 }
 
