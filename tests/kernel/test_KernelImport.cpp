@@ -10,6 +10,8 @@
 #include "tools/ToneFile.h"
 #include <QDir>
 #include <QSignalSpy>
+#include <sndfile.h>
+#include <vector>
 
 namespace {
 using Format = ToneFile::Format;
@@ -42,6 +44,26 @@ protected:
         tone.rate = 48000;
         tone.ms = ms;
         tone.Write(Folder() + name);
+        return Settled(Folder() + name);
+    }
+
+    // A second of silence in a WAV that carries title and artist tags (either may be empty).
+    QString Tagged(const QString& name, const char* title, const char* artist) const
+    {
+        QDir().mkpath(Folder());
+        SF_INFO info{};
+        info.samplerate = 48000;
+        info.channels = 1;
+        info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+        SNDFILE* file = sf_open(QFile::encodeName(Folder() + name).constData(), SFM_WRITE, &info);
+        EXPECT_NE(file, nullptr);
+        if (*title)
+            sf_set_string(file, SF_STR_TITLE, title);
+        if (*artist)
+            sf_set_string(file, SF_STR_ARTIST, artist);
+        const std::vector<short> frames(48000, 0);
+        sf_writef_short(file, frames.data(), sf_count_t(frames.size()));
+        sf_close(file);
         return Settled(Folder() + name);
     }
 
@@ -218,4 +240,15 @@ TEST_F(KernelImportTest, AFailureOutsideTheFileLeavesItForTheNextScan)
     kernel->SetConfig(QStringLiteral("SoundPath(1)"), QString());
     EXPECT_EQ(RunImport(), std::make_pair(1, 0));
     EXPECT_EQ(Names(QStringLiteral("done")), QStringList({"Promo.wav"}));
+}
+
+TEST_F(KernelImportTest, TheTitleComesFromTheFilesTagsWhenItHasThem)
+{
+    Tagged(QStringLiteral("track01.wav"), "Morning Show", "The Station Band");
+    Tagged(QStringLiteral("track02.wav"), "Traffic Bed", "");
+    Tagged(QStringLiteral("Plain name.wav"), "", "Nobody");
+    EXPECT_EQ(RunImport(), std::make_pair(3, 0));
+    EXPECT_EQ(CartsWithDescription(QStringLiteral("The Station Band - Morning Show")).size(), 1);
+    EXPECT_EQ(CartsWithDescription(QStringLiteral("Traffic Bed")).size(), 1);
+    EXPECT_EQ(CartsWithDescription(QStringLiteral("Plain name")).size(), 1) << "an artist without a title is no title";
 }
