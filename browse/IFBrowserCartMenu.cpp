@@ -5,6 +5,7 @@
 #include "foundation/ErrorGuard.h"
 #include "foundation/Globals.h"
 #include "foundation/Tr.h"
+#include "foundation/ui/WaitCursor.h"
 #include "kernelapi/CKernel.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iCarts.h"
@@ -45,16 +46,6 @@ bool PrintingMenus(CKernel& kernel)
         value = kernel.Config(key).toString();
     return value.compare(QStringLiteral("On"), Qt::CaseInsensitive) == 0;
 }
-
-// The hourglass while a long piece of work runs.
-class WaitCursor
-{
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 }
 
 // The browser's family in family mode, else the selected cart's.

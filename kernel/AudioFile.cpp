@@ -127,6 +127,18 @@ void AudioFile::Seek(qint64 frame)
                               .arg(m_name, QString::fromUtf8(sf_strerror(m_file))));
 }
 
+QString AudioFile::Title() const
+{
+    const char* text = m_file ? sf_get_string(m_file, SF_STR_TITLE) : nullptr;
+    return text ? QString::fromUtf8(text) : QString();
+}
+
+QString AudioFile::Artist() const
+{
+    const char* text = m_file ? sf_get_string(m_file, SF_STR_ARTIST) : nullptr;
+    return text ? QString::fromUtf8(text) : QString();
+}
+
 void AudioFile::Refuse(const QString& name, const QString& reason)
 {
     throw KernelError(QStringLiteral("Cannot read the sound file '%1': %2").arg(name, reason));

@@ -30,6 +30,9 @@ public:
     int Channels() const { return m_channels; }
     // Frames as the file's header gives them; decoding may find a different count.
     qint64 HeaderFrames() const { return m_frames; }
+    // The title and artist tags the file carries; empty when it has none.
+    QString Title() const;
+    QString Artist() const;
 
     // Reads up to frames frames into buffer (frames × Channels() samples); returns the
     // frames read, 0 at the end.

@@ -185,6 +185,14 @@ void Cart::Reload()
     Q_EMIT ChangedProperties();
 }
 
+void Cart::Recheck()
+{
+    CartRecord stored = m_world->Store().Read(m_record.id).value_or(CartRecord{});
+    stored.id = m_record.id;
+    if (!(stored == m_record))
+        Reload();
+}
+
 void Cart::Arrange()
 {
     if (!Recalculate(false))

@@ -53,6 +53,9 @@ public:
     // Reads the cart again from the catalogue, after another object wrote or deleted it, and
     // raises ChangedProperties.
     void Reload();
+    // Reads the cart's row again and, when it differs from what the object holds, takes it as
+    // Reload does.
+    void Recheck();
     // Writes the cart's rows inside the caller's transaction; true when the Cart row is new.
     // Announce must follow the commit.
     bool WriteRows();

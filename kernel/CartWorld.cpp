@@ -97,6 +97,18 @@ void CartWorld::Written(const QString& id, bool inserted, const Cart* writer)
         Q_EMIT CartChanged(id);
 }
 
+void CartWorld::RecheckLiveCarts()
+{
+    std::vector<std::shared_ptr<Cart>> live;
+    for (const std::weak_ptr<Cart>& entry : std::as_const(m_live)) {
+        if (std::shared_ptr<Cart> cart = entry.lock())
+            live.push_back(std::move(cart));
+    }
+    // Held while they are told, so that a handler letting go of one cannot change the set.
+    for (const std::shared_ptr<Cart>& cart : live)
+        cart->Recheck();
+}
+
 void CartWorld::Deleted(const QString& id)
 {
     ReloadOthers(id, nullptr);

@@ -67,6 +67,8 @@ public:
     void RewrittenInBatch(const QString& id) { ReloadOthers(id, nullptr); }
     // A batch rewrote carts of a family: holders read the family again.
     void FamilyRewritten(const QString& familyID) { Q_EMIT ContentsChanged(familyID); }
+    // Every live cart reads its row again; those that changed raise ChangedProperties.
+    void RecheckLiveCarts();
     // A cart was deleted.
     void Deleted(const QString& id);
 

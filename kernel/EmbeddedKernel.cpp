@@ -9,6 +9,7 @@
 #include "kernel/PlayLists.h"
 #include "kernel/ConfigStore.h"
 #include "kernel/Files.h"
+#include "kernel/NoticeBoard.h"
 #include "kernel/Station.h"
 #include "kernel/StationDatabases.h"
 #include "kernel/StoreWatcher.h"
@@ -18,6 +19,9 @@
 #include "kernelapi/KernelError.h"
 #include "kernelapi/iCart.h"
 #include "kernelapi/iSound.h"
+#include "kernelapi/iUser.h"
+#include "kernelapi/iUsers.h"
+#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QUrl>
@@ -70,10 +74,13 @@ EmbeddedKernel::EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log
     m_cartWorld->SetFamilies(m_families);
     m_watcher = std::make_unique<StoreWatcher>(m_db, m_families);
     m_playLists = std::make_shared<::PlayLists>(m_cartWorld);
+    m_notices = std::make_unique<NoticeBoard>(m_db);
+    connect(m_watcher.get(), &StoreWatcher::StoreChanged, this, &EmbeddedKernel::CollectNotices);
 }
 
 EmbeddedKernel::~EmbeddedKernel()
 {
+    m_import.reset(); // stops after the file in hand
     m_cartWorld->Close();
     if (m_channels)
         m_channels->ForgetKernel();
@@ -192,6 +199,4 @@ CKernel::FilledCart EmbeddedKernel::FillCartFromText(const std::shared_ptr<iCart
 // Parts of the kernel that later work provides.
 std::shared_ptr<iCdRoms> EmbeddedKernel::CdRoms() { throw NotAvailable("CKernel.CdRoms"); }
 std::shared_ptr<iDataService> EmbeddedKernel::DataService() { throw NotAvailable("CKernel.DataService"); }
-void EmbeddedKernel::Import() { throw NotAvailable("CKernel.Import"); }
-void EmbeddedKernel::Refresh() { throw NotAvailable("CKernel.Refresh"); }
-void EmbeddedKernel::Shout(const QString&) { throw NotAvailable("CKernel.Shout"); }
+

@@ -1,7 +1,9 @@
 #pragma once
 #include "kernel/KernelLog.h"
 #include "kernel/StationFolder.h"
+#include "kernel/ImportRun.h"
 #include "kernelapi/CKernel.h"
+#include <functional>
 
 class Application;
 class Channels;
@@ -13,6 +15,7 @@ class PlayLists;
 class Database;
 class Files;
 class Station;
+class NoticeBoard;
 class StoreWatcher;
 class Translator;
 class Users;
@@ -31,6 +34,16 @@ public:
     StoreWatcher& Watcher() const { return *m_watcher; }
     // The carts' shared state, for channels that a test opens over this kernel.
     std::shared_ptr<CartWorld> World() const { return m_cartWorld; }
+    // The clock against which Import tells files still being written; the system's by default.
+    void SetImportClock(std::function<QDateTime()> clock) { m_importClock = std::move(clock); }
+    // Whether an Import is under way.
+    bool Importing() const { return m_import != nullptr; }
+    // The import folder: the shared setting "ImportDir" (relative to the station when
+    // relative), else <station>/import/.
+    QString ImportDirectory() const;
+    // The family imports go to: the shared setting "ImportFamily", else the temporary family
+    // that "FamEspTmp" names, else IMP.
+    QString ImportFamily() const;
 
     std::shared_ptr<iFiles> Files() override;
     std::shared_ptr<iChannels> Channels() override;
@@ -67,6 +80,11 @@ private:
     EmbeddedKernel(std::shared_ptr<::Station> station, KernelLog log);
     std::unique_ptr<iRecordset> OpenRecordset(const QString& procedure, const QString& sql);
     [[noreturn]] void Fail(const QString& procedure, const QString& sql, const QString& description);
+    void StartImport();
+    void ImportDone(const ImportRun::Outcome& outcome);
+    void ReportImport(const ImportRun::Outcome& outcome) const;
+    void CollectNotices();
+    QString Sender() const;
 
     KernelLog m_log;
     std::shared_ptr<::Station> m_station;
@@ -83,4 +101,8 @@ private:
     std::shared_ptr<::Families> m_families;
     std::unique_ptr<StoreWatcher> m_watcher;
     std::shared_ptr<::PlayLists> m_playLists;
+    std::unique_ptr<NoticeBoard> m_notices;
+    std::unique_ptr<ImportRun> m_import;
+    bool m_importAgain = false; // Import was asked for while a run was under way
+    std::function<QDateTime()> m_importClock = [] { return QDateTime::currentDateTime(); };
 };

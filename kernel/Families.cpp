@@ -110,6 +110,14 @@ void Families::Refresh()
     Q_EMIT Changed();
 }
 
+void Families::RefreshAll()
+{
+    Refresh();
+    const std::vector<std::shared_ptr<Family>> families = List();
+    for (const std::shared_ptr<Family>& family : families)
+        family->Refresh();
+}
+
 void Families::Recheck()
 {
     if (m_families) {

@@ -29,6 +29,8 @@ public:
     // are held (see CartWorld::HoldRechecks).
     void Recheck();
     bool Exists(const QString& familyID) const override;
+    // Refresh, then every family reads its row again and raises ChangedContents.
+    void RefreshAll();
 
     // The family of that ID; null when there is none. Never throws for a bad ID.
     std::shared_ptr<Family> Find(const QString& familyID) const;

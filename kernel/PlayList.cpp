@@ -204,7 +204,8 @@ void PlayList::Persist(const QString& procedure, const std::function<void()>& wr
                                             "change was not stored, and the list now shows the stored one")
                                  .arg(m_header.id);
         m_world->Log().Error(Object, procedure, text);
-        TakeStored(procedure);
+        TakeStored();
+        m_world->Log().Warn(Object, procedure, QStringLiteral("Playlist %1 now shows version %2 from the store").arg(m_header.id).arg(m_header.version));
         throw KernelError(text);
     } catch (const PlayListStore::Gone&) {
         const QString text = QStringLiteral("Playlist %1 was deleted on another workstation: this change was not stored").arg(m_header.id);
@@ -216,7 +217,15 @@ void PlayList::Persist(const QString& procedure, const std::function<void()>& wr
 }
 
 // The list takes what the store holds now; the row its player sounds stays marked.
-void PlayList::TakeStored(const QString& procedure)
+bool PlayList::Recheck(const PlayListStore::Header& stored)
+{
+    if (stored.version == m_header.version && stored.nextIndex == m_header.nextIndex)
+        return false;
+    TakeStored();
+    return true;
+}
+
+void PlayList::TakeStored()
 {
     const std::optional<PlayListStore::Header> stored = m_store->Read(m_header.id);
     if (!stored)
@@ -229,7 +238,6 @@ void PlayList::TakeStored(const QString& procedure)
     m_playing = row >= 1 && row <= Count() ? m_items[size_t(row - 1)] : nullptr;
     if (m_playing)
         m_playing->SetPlaying(true);
-    m_world->Log().Warn(Object, procedure, QStringLiteral("Playlist %1 now shows version %2 from the store").arg(m_header.id).arg(m_header.version));
     Q_EMIT ContentChanged();
     Q_EMIT StatusChanged();
     Q_EMIT Renamed();

@@ -66,6 +66,9 @@ public:
 
     // Takes the rows and the macro that the store kept for the list.
     void Restore(const std::vector<PlayListStore::Row>& rows);
+    // Takes what the store holds when it is another version than the list shows, raising
+    // ContentChanged and StatusChanged; true when it did.
+    bool Recheck(const PlayListStore::Header& stored);
     // Rows holding a cart that was renumbered take the cart of its new ID.
     void CartMoved(const QString& fromID, const QString& toID);
     // Lets go of the player, before the list goes away: what it sounds plays on, nothing
@@ -91,7 +94,7 @@ private:
     void Store();
     // Runs a write of the store; a refused one is reported and undone as the class tells.
     void Persist(const QString& procedure, const std::function<void()>& write);
-    void TakeStored(const QString& procedure);
+    void TakeStored();
     void MoveNextIndex(qint32 index);
     void Swap(qint32 upper);
     qint32 IndexOf(const PlayListItem* item) const;

@@ -92,6 +92,33 @@ void PlayLists::Remove(const QString& id)
     Q_EMIT ChangedCount();
 }
 
+void PlayLists::Refresh()
+{
+    if (!m_lists)
+        return; // nobody read the lists yet: the first reading takes the store as it is
+    const std::vector<PlayListStore::Header> stored = m_store->ReadAll();
+    std::vector<std::shared_ptr<PlayList>> lists;
+    bool countChanged = stored.size() != m_lists->size();
+    for (const PlayListStore::Header& header : stored) {
+        const int index = IndexOf(header.id);
+        if (index > 0) {
+            lists.push_back((*m_lists)[size_t(index - 1)]);
+            lists.back()->Recheck(header);
+        } else {
+            lists.push_back(Make(header));
+            lists.back()->Restore(m_store->ReadRows(header.id));
+            countChanged = true;
+        }
+    }
+    for (const auto& list : *m_lists) {
+        if (std::find(lists.begin(), lists.end(), list) == lists.end())
+            list->Detach();
+    }
+    m_lists = std::move(lists);
+    if (countChanged)
+        Q_EMIT ChangedCount();
+}
+
 std::vector<std::shared_ptr<PlayList>>& PlayLists::Lists() const
 {
     if (!m_lists) {

@@ -23,6 +23,9 @@ public:
     std::shared_ptr<iPlayList> AddFromMacro(const QString& macroID) override;
     void Remove(const QString& id) override;
     int IndexOf(const QString& id) const override;
+    // Takes up what the store holds: lists changed elsewhere take their stored rows, lists made
+    // elsewhere join the collection, lists deleted elsewhere leave it (ChangedCount).
+    void Refresh();
 
 private:
     std::vector<std::shared_ptr<PlayList>>& Lists() const;

@@ -22,4 +22,5 @@ void StoreWatcher::Tick()
         return;
     m_stamp = stamp;
     families->Recheck();
+    Q_EMIT StoreChanged();
 }

@@ -24,6 +24,10 @@ public:
     // One look at the store; the timer calls it.
     void Tick();
 
+Q_SIGNALS:
+    // The store changed since the last tick, after families took up the change.
+    void StoreChanged();
+
 private:
     std::shared_ptr<Database> m_db;
     std::weak_ptr<Families> m_families;

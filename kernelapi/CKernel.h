@@ -70,7 +70,19 @@ public:
     virtual std::shared_ptr<iDataService> DataService() = 0;
     // Turns text dropped from the desktop into a cart.
     virtual FilledCart FillCartFromText(const std::shared_ptr<iCart>& cart, const QString& text) = 0;
+    // Takes the audio files waiting in the station's import folder in as sound carts. Returns
+    // at once; the work goes on in the background and ends with ImportFinished.
     virtual void Import() = 0;
+    // Reloads families, carts, playlists and the configuration from the catalogue and raises
+    // their change events, so that every screen shows the catalogue as it is.
     virtual void Refresh() = 0;
+    // Sends a notice to every workstation of the station (this one too), which raise
+    // Shouted. An empty text sends a notice naming this workstation and its user.
     virtual void Shout(const QString& text) = 0;
+
+Q_SIGNALS:
+    // A notice shouted by a workstation of the station: who sent it, and what it says.
+    void Shouted(const QString& from, const QString& text);
+    // An Import has ended: how many files came in, how many were refused.
+    void ImportFinished(int imported, int refused);
 };

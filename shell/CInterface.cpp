@@ -10,6 +10,7 @@
 #include "kernelapi/iUsers.h"
 #include "shell/FrmMessage.h"
 #include "shell/InitForm.h"
+#include "shell/NoticeWindow.h"
 
 CInterface::CInterface()
     : m_mouseController(std::make_unique<CMouseController>())
@@ -17,6 +18,9 @@ CInterface::CInterface()
     , m_components(std::make_unique<CComponents>())
 {
     GuardedWith(QStringLiteral("Class_Initialize"), [this](Step& step) {
+        step(QStringLiteral("Notices"));
+        if (const std::shared_ptr<CKernel> kernel = Globals::Kernel())
+            connect(kernel.get(), &CKernel::Shouted, this, &CInterface::ShowNotice);
         step(QStringLiteral("ShowMenu"));
         ShowMenu();
     }, [](const QString& step, const QString& description) {
@@ -32,6 +36,7 @@ CInterface::~CInterface()
 void CInterface::CleanUp()
 {
     MessagePop();
+    m_notice.reset();
     m_components->Clear();
 }
 
@@ -70,6 +75,18 @@ void CInterface::MessagePop()
 QString CInterface::MessageText() const
 {
     return m_message ? m_message->Caption() : QString();
+}
+
+void CInterface::ShowNotice(const QString& from, const QString& text)
+{
+    if (!m_notice)
+        m_notice = std::make_unique<NoticeWindow>();
+    m_notice->Add(from, text);
+}
+
+QString CInterface::NoticeText() const
+{
+    return m_notice ? m_notice->Text() : QString();
 }
 
 void CInterface::DumpForms()

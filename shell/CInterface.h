@@ -7,6 +7,7 @@ class CComponents;
 class CDrag;
 class CMouseController;
 class FrmMessage;
+class NoticeWindow;
 class iUser;
 
 // The root of the user interface: the drag, the component registry and the pointer facts that
@@ -29,6 +30,10 @@ public:
     void MessagePop();
     // The text of the message window on show, or empty when there is none.
     QString MessageText() const;
+    // Shows a notice shouted by a workstation; the kernel's Shouted comes here.
+    void ShowNotice(const QString& from, const QString& text);
+    // The notices on show, or empty when there are none.
+    QString NoticeText() const;
     void DumpForms();
 
     // Creates the menu form if needed and shows it.
@@ -47,5 +52,6 @@ private:
     std::unique_ptr<CDrag> m_drag;
     std::unique_ptr<CComponents> m_components;
     QPointer<FrmMessage> m_message;
+    std::unique_ptr<NoticeWindow> m_notice;
     int m_menuCounter = 0;
 };

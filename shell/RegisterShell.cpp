@@ -7,6 +7,7 @@
 #include "shell/FrmLevels.h"
 #include "shell/FrmModalDelay.h"
 #include "shell/IFFileSystemMonitor.h"
+#include "shell/IFKernel.h"
 #include "shell/IFMenu.h"
 #include "shell/IFStationID.h"
 #include "shell/IFUserInfo.h"
@@ -42,6 +43,7 @@ void RegisterShell()
     RegisterForm<FrmGeneric>("FrmGeneric");
     RegisterForm<FrmLanguage>("FrmLanguage");
     RegisterControl<IFFileSystemMonitor>("IFFileSystemMonitor");
+    RegisterControl<IFKernel>("IFKernel");
     DragControls::RegisterControls(Register, [] {
         CInterface* ui = modInterface::Interface();
         return ui ? &ui->Drag() : nullptr;

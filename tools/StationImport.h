@@ -2,14 +2,11 @@
 #include <QStringList>
 #include <memory>
 
-class AudioFileInfo;
-class Database;
+class SoundImport;
 
-// Brings audio files (WAV, AIFF, FLAC, OGG, MP2, MP3 and whatever else libsndfile reads) into
-// a station as sound carts of one family. Each file is copied into the sound folder under its
-// cart's ID, gets its energy file, and a Cart and a Sound row whose lengths are the decoded
-// length in ms; the title is the file's name without its extension. IDs take the first free
-// numbers of the family from 0000. A family that does not exist is created, readable by all.
+// Brings audio files into a station from the command line as sound carts of one family, as the
+// kernel's SoundImport does (which see). A family that does not exist is created, readable by
+// all.
 class StationImport
 {
 public:
@@ -30,16 +27,8 @@ public:
     // the next is taken.
     Outcome Import(const QStringList& files);
 
-    const QString& Family() const { return m_family; }
+    const QString& Family() const;
 
 private:
-    QString ImportFile(const QString& path);
-    void EnsureFamily();
-    QString FreeID() const;
-    QString TargetFor(const QString& id, const QString& source) const;
-    void WriteRows(const QString& id, const QString& source, const QString& target, const AudioFileInfo& info);
-
-    QString m_family;
-    std::shared_ptr<Database> m_db;
-    QString m_soundFolder;
+    std::unique_ptr<SoundImport> m_import;
 };

@@ -164,6 +164,8 @@ std::vector<Table> KernelTables()
           Boolean("Looped"), Boolean("Modified"), Text("Properties", 0)},
          {"PlayListID", "Index"},
          {}},
+        // Notices shouted to every workstation of the station, read by each kernel's watcher.
+        {"Notice", {AutoNumber("ID"), Text("Station", 50), Text("UserName", 50), Text("Text", 255), Date("Sent")}, {}, {}},
         {"Filters",
          {Text("ProgramName", 50, "NOT NULL"), Text("FilterName", 50, "NOT NULL"), Text("WhereClause", 0),
           Text("OrderByClause", 0)},

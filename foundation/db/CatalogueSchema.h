@@ -14,7 +14,7 @@ class SqlDialect;
 // - User (User.MDB): Usuari, Grup, RGrup, Familia, RFamilia, Client, Config.
 // - Kernel: the stores Config and StationConfig, translations (Contents), Application,
 //   playlists (PlayList, PlayListItem), the backups of sound marks (SoundBackup), the
-//   properties of carts (CartProperties), and
+//   properties of carts (CartProperties), the notices shouted to every workstation (Notice), and
 //   the disc library: Filters, Jingles, Ads, Clocks, DiscInfoIDs, All, Sections,
 //   CrossSections (a table the disc library fills, one column per property it filters on),
 //   and local_/remote_ Discs, Tracks, Keywords, RecordCompanies, Supports.

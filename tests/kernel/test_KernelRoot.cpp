@@ -140,7 +140,7 @@ TEST_F(KernelTest, AFailingStatementThrowsWithTheDriverTextAndTheSql)
 
 TEST_F(KernelTest, OperationsOfLaterWorkSayTheyAreNotAvailable)
 {
-    EXPECT_EQ(Failure([&] { kernel->Shout(QString()); }), "CKernel.Shout: not available");
+    EXPECT_EQ(Failure([&] { kernel->CdRoms(); }), "CKernel.CdRoms: not available");
 }
 
 TEST(KernelServer, GivesOneLoggerAndOneRootWhileHeldAndOpensTheStationOfTheEnvironmentAnewAfterwards)
