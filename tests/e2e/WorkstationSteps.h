@@ -28,9 +28,8 @@ Directe* OpenLive(TempStation& station, ScriptedDialogs** dialogs = nullptr);
 void OpenFamily(Directe* live, const QString& familyID);
 // The text of today's log of the station.
 QString TodaysLog(const QString& stationDir);
-// The ERROR lines of a log, but for the one of the Live screen's loader about a kernel panel
-// that this build does not register.
-QStringList UnexpectedErrors(const QString& log);
+// The ERROR lines of a log.
+QStringList ErrorLines(const QString& log);
 // Runs the Null device's clock (the station's kernel.ini set to the virtual clock), and lets
 // the engine's events reach the screen.
 void AdvanceMs(int ms);

@@ -87,7 +87,7 @@ TEST_F(ListsAndPads, ThreeCartsDraggedIntoAChainedListPlayInOrder)
     EXPECT_EQ(heard, carts) << heard.join(' ').toStdString();
 
     const QString log = TodaysLog(station.Dir());
-    EXPECT_TRUE(UnexpectedErrors(log).isEmpty()) << log.toStdString();
+    EXPECT_TRUE(ErrorLines(log).isEmpty()) << log.toStdString();
 }
 
 TEST_F(ListsAndPads, PadsPlayByKeyAndByPress)

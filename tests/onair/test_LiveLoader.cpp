@@ -44,17 +44,8 @@ TEST_F(LiveTest, TheLoaderWaitsASecondThenRunsEveryStepAndBindsTheDecks)
     for (int n = 1; n <= 14; ++n)
         EXPECT_EQ(steps[n - 1], QStringLiteral("OK Directe.TmrLoader_Timer: Step %1").arg(n));
 
-    // Without a kernel panel in the registry its step fails and says so; the rest loads.
-    if (Registry::Has(KernelPanel)) {
-        EXPECT_NE(screen.IFKernel1, nullptr);
-        EXPECT_TRUE(dialogs->boxes.isEmpty());
-    } else {
-        EXPECT_EQ(screen.IFKernel1, nullptr);
-        ASSERT_EQ(log->Errors().size(), 1) << log->Errors().join('\n').toStdString();
-        EXPECT_TRUE(log->Errors().first().startsWith(QStringLiteral("ERROR Directe.TmrLoader_Timer: ")));
-        ASSERT_EQ(dialogs->boxes.size(), 1);
-        EXPECT_EQ(dialogs->boxes.first().text, QStringLiteral("Errors while loading"));
-    }
+    EXPECT_NE(screen.IFKernel1, nullptr);
+    EXPECT_TRUE(dialogs->boxes.isEmpty());
     EXPECT_TRUE(Errors().isEmpty()) << Errors().join('\n').toStdString();
     ASSERT_NE(screen.LevelPannel, nullptr);
     EXPECT_EQ(screen.LevelPannel->objectName(), QStringLiteral("LevelPannel"));
